@@ -1,0 +1,123 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+#include "shell/SettingsStore.h"
+
+#include "shell/HiveFile.h"
+
+#include <QDir>
+#include <QStandardPaths>
+
+const QString SettingsStore::ProductKey = QStringLiteral("Software\\Mensura\\");
+
+static const QString NulText = QString(QChar(0));
+
+SettingsStore::SettingsStore(std::unique_ptr<SettingsBackend> backend)
+    : m_backend(std::move(backend))
+{
+}
+
+QString SettingsStore::hivePath(const QStringList &arguments)
+{
+    const auto option = arguments.indexOf(QStringLiteral("--hive"));
+    if (option >= 0 && option + 1 < arguments.size())
+        return arguments.at(option + 1);
+    for (const QString &argument : arguments)
+        if (argument.startsWith(QStringLiteral("--hive=")))
+            return argument.mid(7);
+    const QString fromEnvironment = qEnvironmentVariable("MENSURA_HIVE");
+    if (!fromEnvironment.isEmpty())
+        return fromEnvironment;
+    QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
+    if (folder.isEmpty())
+        folder = QDir::homePath() + QStringLiteral("/.config/mensura");
+    return folder + QStringLiteral("/registry.reg");
+}
+
+std::unique_ptr<SettingsStore> SettingsStore::open(const QStringList &arguments, bool readOnly)
+{
+    return std::make_unique<SettingsStore>(
+            std::make_unique<HiveFile>(hivePath(arguments), readOnly));
+}
+
+QString SettingsStore::path(const QString &subKey) const
+{
+    QString full = ProductKey + subKey;
+    while (full.endsWith(u'\\'))
+        full.chop(1);
+    return full;
+}
+
+QString SettingsStore::RegReadString(const QString &subKey, const QString &valueName,
+                                     const QString &defaultValue)
+{
+    const QString key = path(subKey);
+    // Reading opens the key with "create": a missing key exists afterwards.
+    if (m_backend->createKey(key))
+        m_dirty = true;
+    const std::optional<QString> stored = m_backend->value(key, valueName);
+    if (!stored)
+        return defaultValue;
+    return *stored == NulText ? QString() : *stored;
+}
+
+int SettingsStore::RegWriteString(const QString &subKey, const QString &valueName,
+                                  const QString &value)
+{
+    if (!m_backend->setValue(path(subKey), valueName, value.isEmpty() ? NulText : value))
+        return 1;
+    m_dirty = true;
+    if (m_batchDepth == 0 && !save())
+        return 1;
+    return 0;
+}
+
+QStringList SettingsStore::subKeys(const QString &subKey) const
+{
+    return m_backend->subKeys(path(subKey));
+}
+
+QList<QPair<QString, QString>> SettingsStore::values(const QString &subKey) const
+{
+    auto list = m_backend->values(path(subKey));
+    for (auto &entry : list)
+        if (entry.second == NulText)
+            entry.second.clear();
+    return list;
+}
+
+bool SettingsStore::deleteKey(const QString &subKey)
+{
+    const bool existed = m_backend->deleteTree(path(subKey));
+    m_dirty = true;
+    if (m_batchDepth == 0)
+        save();
+    return existed;
+}
+
+bool SettingsStore::save()
+{
+    if (!m_dirty)
+        return true;
+    if (!m_backend->flush()) {
+        m_saveFailed = true;
+        return false;
+    }
+    m_dirty = false;
+    return true;
+}
+
+bool SettingsStore::close()
+{
+    return save();
+}
+
+SettingsStore::Batch::Batch(SettingsStore &store) : m_store(store)
+{
+    ++m_store.m_batchDepth;
+}
+
+SettingsStore::Batch::~Batch()
+{
+    if (--m_store.m_batchDepth == 0)
+        m_store.save();
+}
