@@ -115,7 +115,6 @@ void MainWindowHook::goToTray()
     m_tray->show();
     m_inTray = true;
     m_window->hide();
-    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     // Hidden in the tray, the window is not what a search for Mensura's window should find.
     m_window->setWindowTitle(StringTable::text(StringId::TrayTitle));
 }
@@ -126,6 +125,8 @@ void MainWindowHook::restoreFromTray()
         return;
     m_inTray = false;
     m_window->setWindowTitle(StringTable::text(StringId::ProgramTitle));
+    // Hidden, the window is still minimised: it comes back as it was before that.
+    m_window->setWindowState(m_window->windowState() & ~Qt::WindowMinimized);
     m_window->show();
     m_window->raise();
     m_window->activateWindow();

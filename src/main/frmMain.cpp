@@ -570,7 +570,7 @@ void frmMain::connectMenus()
     connect(mnurecords, &QMenu::aboutToShow, this, &frmMain::mnurecords_Open);
     connect(mnuview2, &QMenu::aboutToShow, this, &frmMain::mnuview2_Open);
     for (QMenu *menu : { mnuFile, mnuEdit, mnuview, mnurecords, mnuHelp, mnuview2 }) {
-        connect(menu, &QMenu::aboutToShow, this, [this] { showHelpLine(QString()); });
+        connect(menu, &QMenu::aboutToShow, this, [this] { showHelpLine(QString(), true); });
         // The bar goes back to its panels once no menu is open any more.
         connect(menu, &QMenu::aboutToHide, this, [this] {
             QTimer::singleShot(0, this, [this] {
@@ -1111,11 +1111,11 @@ void frmMain::mnuview2_Open()
     applyEditRule();
 }
 
-void frmMain::showHelpLine(const QString &line)
+void frmMain::showHelpLine(const QString &line, bool menuOpen)
 {
     if (!line.isEmpty())
         StatusBar->showMessage(line);
-    else if (QApplication::activePopupWidget() || sender())
+    else if (menuOpen || QApplication::activePopupWidget())
         StatusBar->showMessage(text(MainText::MenuHelpIdle));
     else
         StatusBar->clearMessage();
@@ -1327,7 +1327,7 @@ bool frmMain::event(QEvent *event)
     // Help lines of the menu items: the bar shows them across its whole width while a menu is
     // open, and its panels again once the menus are closed.
     if (event->type() == QEvent::StatusTip) {
-        showHelpLine(static_cast<QStatusTipEvent *>(event)->tip());
+        showHelpLine(static_cast<QStatusTipEvent *>(event)->tip(), false);
         return true;
     }
     return QMainWindow::event(event);
@@ -1387,7 +1387,10 @@ void frmMain::saveSession()
 {
     {
         const SettingsStore::Batch batch(m_store);
-        const Qt::WindowStates state = windowState();
+        // In the tray the window is minimised only to leave the task bar: it comes back as it was.
+        Qt::WindowStates state = windowState();
+        if (isInTray())
+            state &= ~Qt::WindowMinimized;
         const QString code = state.testFlag(Qt::WindowMinimized) ? Minimised
             : state.testFlag(Qt::WindowMaximized)                ? Maximised
                                                                  : Normal;

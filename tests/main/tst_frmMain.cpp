@@ -127,9 +127,12 @@ void tst_frmMain::cleanup()
 
 bool tst_frmMain::start()
 {
-    if (!m_program->start())
+    if (!m_program->start() || !QTest::qWaitForWindowExposed(m_program->window()))
         return false;
-    return QTest::qWaitForWindowExposed(m_program->window());
+    // Shortcuts and focus need the active window (a real X server without a window manager
+    // activates nothing by itself).
+    m_program->window()->activateWindow();
+    return QTest::qWaitForWindowActive(m_program->window());
 }
 
 StatusPanel *tst_frmMain::panel(int n) const
@@ -690,6 +693,7 @@ void tst_frmMain::helpLines()
     QMenu *onTop = m_program->find<QMenu *>("mnualwaystop");
     onTop->popup(QPoint(0, 0));
     QVERIFY(QTest::qWaitForWindowExposed(onTop));
+    QTest::mouseMove(onTop, onTop->actionGeometry(action("mnualwaystoponoff_1")).center());
     QTest::mouseMove(onTop, onTop->actionGeometry(action("mnualwaystoponoff_0")).center());
     QCOMPARE(bar->currentMessage(), text(258));
     onTop->close();

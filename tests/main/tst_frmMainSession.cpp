@@ -85,7 +85,10 @@ void tst_frmMainSession::cleanup()
 
 bool tst_frmMainSession::start()
 {
-    return m_program->start() && QTest::qWaitForWindowExposed(m_program->window());
+    if (!m_program->start() || !QTest::qWaitForWindowExposed(m_program->window()))
+        return false;
+    m_program->window()->activateWindow();
+    return QTest::qWaitForWindowActive(m_program->window());
 }
 
 void tst_frmMainSession::restart()
@@ -218,6 +221,7 @@ void tst_frmMainSession::windowStateCodes()
 {
     QFETCH(Qt::WindowState, state);
     QFETCH(QString, code);
+    m_hive->writeSetting(QStringLiteral("systray"), QStringLiteral("0")); // minimised, not in a tray
     QVERIFY(start());
     m_program->window()->setWindowState(state);
     QVERIFY(m_program->close());

@@ -90,6 +90,7 @@ void tst_SingleInstance::minimisedWindowComesBack()
 {
     TestHive hive;
     hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    hive.writeSetting(QStringLiteral("minonce"), QStringLiteral("1")); // where there is a tray
     ScriptedDialogs dialogs;
     TestProgram first(hive, dialogs);
     QVERIFY(first.start());

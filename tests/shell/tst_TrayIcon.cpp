@@ -119,6 +119,12 @@ void tst_TrayIcon::intoTheTrayAndBack()
     m_program->window()->showMinimized();
     QTRY_VERIFY(m_program->window()->isInTray());
     QCOMPARE(m_dialogs->asked().size(), 1);
+
+    // Leaving from the tray: the window is kept as a normal one, not a minimised one.
+    QSignalSpy unloaded(m_program->window(), &frmMain::unloaded);
+    m_program->find<QAction *>("mnuSysTrayExit")->trigger();
+    QCOMPARE(unloaded.size(), 1);
+    QCOMPARE(m_hive->readSetting(QStringLiteral("windowstate")), QStringLiteral("0"));
 }
 
 MENSURA_GUI_TEST_MAIN(tst_TrayIcon)
