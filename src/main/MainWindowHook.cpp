@@ -3,6 +3,7 @@
 #include "main/MainWindowHook.h"
 
 #include "catalogue/StringTable.h"
+#include "main/AppIcons.h"
 #include "main/WindowPlacement.h"
 #include "shell/Dialogs.h"
 #include "shell/Settings.h"
@@ -109,7 +110,7 @@ void MainWindowHook::goToTray()
     }
     if (!m_tray) {
         m_tray = new TrayIcon(
-            m_window->windowIcon(), StringTable::text(StringId::TrayTip), m_trayMenu, this);
+            AppIcons::program(), StringTable::text(StringId::TrayTip), m_trayMenu, this);
         connect(m_tray, &TrayIcon::restoreRequested, this, &MainWindowHook::restoreFromTray);
     }
     m_tray->show();

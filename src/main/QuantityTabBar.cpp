@@ -70,8 +70,14 @@ void QuantityTabBar::setRowsHeightLimit(int height)
 
 QSize QuantityTabBar::buttonSize(int index) const
 {
-    const QSize text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index));
-    return QSize(text.width() + 2 * TextMargin, rowHeight());
+    // Measuring text is what laying out the buttons costs: each caption is measured once.
+    if (m_widths.size() != count()) {
+        m_widths.resize(count());
+        for (int i = 0; i < count(); ++i)
+            m_widths[i]
+                = fontMetrics().size(Qt::TextShowMnemonic, tabText(i)).width() + 2 * TextMargin;
+    }
+    return QSize(m_widths.at(index), rowHeight());
 }
 
 int QuantityTabBar::rowHeight() const
@@ -249,7 +255,27 @@ void QuantityTabBar::resizeEvent(QResizeEvent *event)
 void QuantityTabBar::tabLayoutChange()
 {
     QTabBar::tabLayoutChange();
+    m_widths.clear();
     relayout();
+}
+
+void QuantityTabBar::tabInserted(int index)
+{
+    QTabBar::tabInserted(index);
+    m_widths.clear();
+}
+
+void QuantityTabBar::tabRemoved(int index)
+{
+    QTabBar::tabRemoved(index);
+    m_widths.clear();
+}
+
+void QuantityTabBar::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        m_widths.clear();
+    QTabBar::changeEvent(event);
 }
 
 void QuantityTabBar::mousePressEvent(QMouseEvent *event)

@@ -47,6 +47,9 @@ protected:
     void wheelEvent(QWheelEvent *event) override;
     void leaveEvent(QEvent *event) override;
     void tabLayoutChange() override;
+    void tabInserted(int index) override;
+    void tabRemoved(int index) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     struct Layout {
@@ -70,6 +73,7 @@ private:
     int m_firstRow = 0;
     Layout m_layout;
     int m_hovered = -1;
+    mutable QVector<int> m_widths; // the buttons' widths, measured when first needed
     QToolButton *m_up = nullptr;
     QToolButton *m_down = nullptr;
 };

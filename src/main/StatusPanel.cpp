@@ -2,6 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 #include "main/StatusPanel.h"
 
+#include "main/AppIcons.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -10,9 +12,9 @@
 static constexpr int Margin = 4;
 static constexpr int Spacing = 4;
 
-StatusPanel::StatusPanel(const QString &objectName, const QIcon &icon, QWidget *parent)
+StatusPanel::StatusPanel(const QString &objectName, const char *iconName, QWidget *parent)
     : QFrame(parent)
-    , m_icon(icon)
+    , m_iconName(iconName)
 {
     setObjectName(objectName);
     setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
@@ -42,7 +44,7 @@ void StatusPanel::setPanelEnabled(bool enabled)
 
 int StatusPanel::iconExtent() const
 {
-    return m_icon.isNull() ? 0 : style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    return m_iconName ? style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this) : 0;
 }
 
 void StatusPanel::setMinimumPanelWidth(int width)
@@ -63,13 +65,13 @@ QSize StatusPanel::sizeHint() const
 {
     const QFontMetrics metrics = fontMetrics();
     const int text = metrics.horizontalAdvance(m_text) + 2 * Margin + 2 * frameWidth();
-    const int icon = m_icon.isNull() ? 0 : iconExtent() + Spacing;
+    const int icon = m_iconName ? iconExtent() + Spacing : 0;
     return QSize(qMax(m_minimumWidth, text + icon), minimumSizeHint().height());
 }
 
 bool StatusPanel::showsIcon() const
 {
-    return !m_icon.isNull() && width() >= sizeHint().width();
+    return m_iconName && width() >= sizeHint().width();
 }
 
 void StatusPanel::paintEvent(QPaintEvent *event)
@@ -78,6 +80,8 @@ void StatusPanel::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     QRect area = contentsRect().adjusted(Margin, 0, -Margin, 0);
     if (showsIcon()) {
+        if (m_icon.isNull())
+            m_icon = AppIcons::panel(m_iconName);
         const int extent = iconExtent();
         const QRect iconArea(
             area.left(), area.top() + (area.height() - extent) / 2, extent, extent);

@@ -5,7 +5,8 @@
 // answering a click and a double-click. Its "enabled" state is a look only: a greyed panel
 // still reports clicks, and the window decides what a click on a greyed panel means (the
 // scientific-notation panel is greyed while the notation is off and turns it on when clicked).
-// When the bar is narrow a panel drops its icon before it would cut its text.
+// When the bar is narrow a panel drops its icon before it would cut its text. The icon is read
+// when the panel is first painted, not when the window is built.
 #pragma once
 
 #include <QFrame>
@@ -16,7 +17,8 @@ class StatusPanel : public QFrame
     Q_OBJECT
 
 public:
-    explicit StatusPanel(const QString &objectName, const QIcon &icon, QWidget *parent = nullptr);
+    // iconName: one of AppIcons' panel icons, or nullptr for a panel without an icon.
+    StatusPanel(const QString &objectName, const char *iconName, QWidget *parent = nullptr);
 
     void setText(const QString &text);
     QString text() const { return m_text; }
@@ -43,6 +45,7 @@ protected:
 private:
     int iconExtent() const;
 
+    const char *m_iconName;
     QIcon m_icon;
     QString m_text;
     int m_minimumWidth = 0;

@@ -113,7 +113,6 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     , m_engine(catalogue, settings, session)
 {
     setObjectName(QStringLiteral("frmMain"));
-    setWindowIcon(QIcon(QStringLiteral(":/icons/smallicon.svg")));
     createControls();
     createMenus();
     createStatusBar();
@@ -191,9 +190,6 @@ void frmMain::createControls()
     lblEqualSign = new QLabel(picMain);
     lblEqualSign->setObjectName(QStringLiteral("lblEqualSign"));
     lblEqualSign->setAlignment(Qt::AlignCenter);
-    QFont equalFont = lblEqualSign->font();
-    equalFont.setBold(true);
-    lblEqualSign->setFont(equalFont);
 
     txtLeft = new QComboBox(picMain);
     txtLeft->setObjectName(QStringLiteral("txtLeft"));
@@ -402,8 +398,7 @@ void frmMain::createStatusBar()
     const char *icons[]
         = { ":/icons/cardfileicon.svg", ":/icons/markicon.svg", ":/icons/calcicon.svg", nullptr };
     for (int i = 0; i < 4; ++i) {
-        const QIcon icon = icons[i] ? QIcon(QString::fromLatin1(icons[i])) : QIcon();
-        StatusBarPanel[i] = new StatusPanel(QString::fromLatin1(names[i]), icon, StatusBar);
+        StatusBarPanel[i] = new StatusPanel(QString::fromLatin1(names[i]), icons[i], StatusBar);
         // Panels are ordinary (not permanent) widgets: a menu's help line covers all of them.
         StatusBar->addWidget(StatusBarPanel[i], i == 2 ? 1 : 0);
     }

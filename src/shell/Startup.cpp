@@ -3,6 +3,7 @@
 #include "shell/Startup.h"
 
 #include "catalogue/StringTable.h"
+#include "main/AppIcons.h"
 #include "main/frmMain.h"
 #include "shell/Dialogs.h"
 #include "shell/FirstRunHelp.h"
@@ -66,6 +67,9 @@ bool Startup::run()
     QApplication::restoreOverrideCursor();
 
     m_window->showInSavedState();
+    // The icon of every window of the program; the window system needs it only once the window
+    // is there, so reading its images does not hold up the window's appearance.
+    QApplication::setWindowIcon(AppIcons::program());
     reportHiveProblems();
     reportTypeErrors(problems);
     openHelpOnFirstRun();

@@ -9,14 +9,12 @@
 #include "shell/Startup.h"
 
 #include <QApplication>
-#include <QIcon>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("mensura"));
     QApplication::setApplicationVersion(QStringLiteral(MENSURA_VERSION));
-    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/smallicon.svg")));
     QApplication::setQuitOnLastWindowClosed(false);
 
     MessageBoxDialogs dialogs;
