@@ -12,6 +12,7 @@
 #include "shell/SingleInstance.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QLocale>
