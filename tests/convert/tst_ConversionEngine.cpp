@@ -63,22 +63,25 @@ void tst_ConversionEngine::init()
     m_settings = Settings();
     m_session = Session();
     addQuantity(QStringLiteral("Length"),
-                { unit(QStringLiteral("metre (m)"), QStringLiteral("1"), true),
-                  unit(QStringLiteral("inch (in)"), QStringLiteral("0.0254"), true),
-                  unit(QStringLiteral("rounded inch"), QStringLiteral("0.0254")),
-                  unit(QStringLiteral("survey foot (ftUS)"), QStringLiteral("0.3048006096012192")),
-                  unit(QStringLiteral("nothing"), QStringLiteral("0")),
-                  unit(QStringLiteral("huge"), QStringLiteral("1E300")) });
+        { unit(QStringLiteral("metre (m)"), QStringLiteral("1"), true),
+            unit(QStringLiteral("inch (in)"), QStringLiteral("0.0254"), true),
+            unit(QStringLiteral("rounded inch"), QStringLiteral("0.0254")),
+            unit(QStringLiteral("survey foot (ftUS)"), QStringLiteral("0.3048006096012192")),
+            unit(QStringLiteral("nothing"), QStringLiteral("0")),
+            unit(QStringLiteral("huge"), QStringLiteral("1E300")) });
     addQuantity(QStringLiteral("Angle"),
-                { unit(QStringLiteral("radian (rad)"), QStringLiteral("1"), true),
-                  unit(QStringLiteral("degree (°)"), QStringLiteral("1.74532925199433E-02")) });
+        { unit(QStringLiteral("radian (rad)"), QStringLiteral("1"), true),
+            unit(QStringLiteral("degree (°)"), QStringLiteral("1.74532925199433E-02")) });
     addQuantity(StringTable::text(3000),
-                { unit(QStringLiteral("Celsius (°C)"), QString(), true), unit(QStringLiteral("kelvin (K)"), QString()),
-                  unit(QStringLiteral("Fahrenheit (°F)"), QString()), unit(QStringLiteral("Rankine (°R)"), QString()) });
+        { unit(QStringLiteral("Celsius (°C)"), QString(), true),
+            unit(QStringLiteral("kelvin (K)"), QString()),
+            unit(QStringLiteral("Fahrenheit (°F)"), QString()),
+            unit(QStringLiteral("Rankine (°R)"), QString()) });
     addQuantity(QStringLiteral("Temperature Interval"),
-                { unit(QStringLiteral("degree Fahrenheit (°F)"), QStringLiteral("5.5555555555555555555e-1")),
-                  unit(QStringLiteral("degree Rankine (°R)"), QStringLiteral("5.5555555555555555555e-1")),
-                  unit(QStringLiteral("kelvin (K)"), QStringLiteral("1"), true) });
+        { unit(
+              QStringLiteral("degree Fahrenheit (°F)"), QStringLiteral("5.5555555555555555555e-1")),
+            unit(QStringLiteral("degree Rankine (°R)"), QStringLiteral("5.5555555555555555555e-1")),
+            unit(QStringLiteral("kelvin (K)"), QStringLiteral("1"), true) });
     for (auto &u : m_catalogue.Units[3])
         u.Factor = 0;
 }
@@ -92,37 +95,69 @@ void tst_ConversionEngine::convert_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("status");
 
-    QTest::newRow("metre to itself is exact")
-            << 1 << 1.0 << "metre (m)" << "metre (m)" << "1.000 000" << "Exact Factors  (Current: 7)";
-    QTest::newRow("inch to metre through exact factors")
-            << 1 << 12.0 << "inch (in)" << "metre (m)" << "0.304 800 0" << "Exact Factors  (Current: 7)";
+    QTest::newRow("metre to itself is exact") << 1 << 1.0 << "metre (m)"
+                                              << "metre (m)"
+                                              << "1.000 000"
+                                              << "Exact Factors  (Current: 7)";
+    QTest::newRow("inch to metre through exact factors") << 1 << 12.0 << "inch (in)"
+                                                         << "metre (m)"
+                                                         << "0.304 800 0"
+                                                         << "Exact Factors  (Current: 7)";
     QTest::newRow("an inexact factor of three digits limits the figures")
-            << 1 << 12.0 << "rounded inch" << "metre (m)" << "0.305" << "Max: 3  (Current: 7)";
-    QTest::newRow("identical factor texts cancel")
-            << 1 << 12.0 << "rounded inch" << "inch (in)" << "12.000 00" << "Exact Factors  (Current: 7)";
-    QTest::newRow("divided by the target's factor")
-            << 1 << 1.0 << "metre (m)" << "survey foot (ftUS)" << "3.280 833" << "Max: 13  (Current: 7)";
-    QTest::newRow("degrees to radians")
-            << 2 << 1.0 << "degree (°)" << "radian (rad)" << "1.745 329 E-2" << "Max: 13  (Current: 7)";
-    QTest::newRow("unknown units give zero")
-            << 1 << 5.0 << "furlong" << "league" << "0.000 000 E+0" << "Exact Factors  (Current: 7)";
+        << 1 << 12.0 << "rounded inch"
+        << "metre (m)"
+        << "0.305"
+        << "Max: 3  (Current: 7)";
+    QTest::newRow("identical factor texts cancel") << 1 << 12.0 << "rounded inch"
+                                                   << "inch (in)"
+                                                   << "12.000 00"
+                                                   << "Exact Factors  (Current: 7)";
+    QTest::newRow("divided by the target's factor") << 1 << 1.0 << "metre (m)"
+                                                    << "survey foot (ftUS)"
+                                                    << "3.280 833"
+                                                    << "Max: 13  (Current: 7)";
+    QTest::newRow("degrees to radians") << 2 << 1.0 << "degree (°)"
+                                        << "radian (rad)"
+                                        << "1.745 329 E-2"
+                                        << "Max: 13  (Current: 7)";
+    QTest::newRow("unknown units give zero") << 1 << 5.0 << "furlong"
+                                             << "league"
+                                             << "0.000 000 E+0"
+                                             << "Exact Factors  (Current: 7)";
     QTest::newRow("Fahrenheit at absolute zero passes the guard")
-            << 3 << -459.67 << "Fahrenheit (°F)" << "Celsius (°C)" << "-273.150 0" << "Exact Factors  (Current: 7)";
-    QTest::newRow("kelvin to Fahrenheit")
-            << 3 << 0.0 << "kelvin (K)" << "Fahrenheit (°F)" << "-459.670 0" << "Exact Factors  (Current: 7)";
-    QTest::newRow("Celsius to Rankine")
-            << 3 << 100.0 << "Celsius (°C)" << "Rankine (°R)" << "671.670 0" << "Exact Factors  (Current: 7)";
-    QTest::newRow("Rankine to kelvin")
-            << 3 << 491.67 << "Rankine (°R)" << "kelvin (K)" << "273.150 0" << "Exact Factors  (Current: 7)";
-    QTest::newRow("temperature to itself skips the guard")
-            << 3 << -300.0 << "Celsius (°C)" << "Celsius (°C)" << "-300.000 0" << "Exact Factors  (Current: 7)";
-    QTest::newRow("a unit unknown to the formulas gives zero")
-            << 3 << 25.0 << "Celsius (°C)" << "Réaumur" << "0.000 000 E+0" << "Exact Factors  (Current: 7)";
+        << 3 << -459.67 << "Fahrenheit (°F)"
+        << "Celsius (°C)"
+        << "-273.150 0"
+        << "Exact Factors  (Current: 7)";
+    QTest::newRow("kelvin to Fahrenheit") << 3 << 0.0 << "kelvin (K)"
+                                          << "Fahrenheit (°F)"
+                                          << "-459.670 0"
+                                          << "Exact Factors  (Current: 7)";
+    QTest::newRow("Celsius to Rankine") << 3 << 100.0 << "Celsius (°C)"
+                                        << "Rankine (°R)"
+                                        << "671.670 0"
+                                        << "Exact Factors  (Current: 7)";
+    QTest::newRow("Rankine to kelvin") << 3 << 491.67 << "Rankine (°R)"
+                                       << "kelvin (K)"
+                                       << "273.150 0"
+                                       << "Exact Factors  (Current: 7)";
+    QTest::newRow("temperature to itself skips the guard") << 3 << -300.0 << "Celsius (°C)"
+                                                           << "Celsius (°C)"
+                                                           << "-300.000 0"
+                                                           << "Exact Factors  (Current: 7)";
+    QTest::newRow("a unit unknown to the formulas gives zero") << 3 << 25.0 << "Celsius (°C)"
+                                                               << "Réaumur"
+                                                               << "0.000 000 E+0"
+                                                               << "Exact Factors  (Current: 7)";
     QTest::newRow("degree Fahrenheit to degree Rankine is unchanged and exact")
-            << 4 << 9.0 << "degree Fahrenheit (°F)" << "degree Rankine (°R)" << "9.000 000"
-            << "Exact Factors  (Current: 7)";
-    QTest::newRow("degree Fahrenheit to kelvin")
-            << 4 << 9.0 << "degree Fahrenheit (°F)" << "kelvin (K)" << "5.000 000" << "Max: 13  (Current: 7)";
+        << 4 << 9.0 << "degree Fahrenheit (°F)"
+        << "degree Rankine (°R)"
+        << "9.000 000"
+        << "Exact Factors  (Current: 7)";
+    QTest::newRow("degree Fahrenheit to kelvin") << 4 << 9.0 << "degree Fahrenheit (°F)"
+                                                 << "kelvin (K)"
+                                                 << "5.000 000"
+                                                 << "Max: 13  (Current: 7)";
 }
 
 void tst_ConversionEngine::convert()
@@ -149,14 +184,22 @@ void tst_ConversionEngine::temperatureBelowAbsoluteZero_data()
     QTest::addColumn<QString>("to");
     QTest::addColumn<QString>("entry");
     QTest::addColumn<QString>("text");
-    QTest::newRow("Fahrenheit just below")
-            << -459.68 << "Fahrenheit (°F)" << "kelvin (K)" << "-459.67" << "0.000 000 E+0";
-    QTest::newRow("Celsius below")
-            << -274.0 << "Celsius (°C)" << "kelvin (K)" << "-273.15" << "0.000 000 E+0";
-    QTest::newRow("negative kelvin")
-            << -1.0 << "kelvin (K)" << "Celsius (°C)" << "0" << "-273.150 0";
-    QTest::newRow("negative Rankine")
-            << -0.5 << "Rankine (°R)" << "Fahrenheit (°F)" << "0" << "-459.670 0";
+    QTest::newRow("Fahrenheit just below") << -459.68 << "Fahrenheit (°F)"
+                                           << "kelvin (K)"
+                                           << "-459.67"
+                                           << "0.000 000 E+0";
+    QTest::newRow("Celsius below") << -274.0 << "Celsius (°C)"
+                                   << "kelvin (K)"
+                                   << "-273.15"
+                                   << "0.000 000 E+0";
+    QTest::newRow("negative kelvin") << -1.0 << "kelvin (K)"
+                                     << "Celsius (°C)"
+                                     << "0"
+                                     << "-273.150 0";
+    QTest::newRow("negative Rankine") << -0.5 << "Rankine (°R)"
+                                      << "Fahrenheit (°F)"
+                                      << "0"
+                                      << "-459.670 0";
 }
 
 void tst_ConversionEngine::temperatureBelowAbsoluteZero()
@@ -184,11 +227,17 @@ void tst_ConversionEngine::arithmeticFailures_data()
     QTest::addColumn<QString>("message");
     const QString tooBig = StringTable::text(28) + QStringLiteral("\n\n") + StringTable::text(321);
     QTest::newRow("a product beyond the double range")
-            << "1E+308" << "huge" << "metre (m)" << int(Notice::Exclamation) << tooBig;
+        << "1E+308"
+        << "huge"
+        << "metre (m)" << int(Notice::Exclamation) << tooBig;
     QTest::newRow("a typed value beyond the double range")
-            << "1e999" << "metre (m)" << "inch (in)" << int(Notice::Exclamation) << tooBig;
+        << "1e999"
+        << "metre (m)"
+        << "inch (in)" << int(Notice::Exclamation) << tooBig;
     QTest::newRow("a target factor of zero")
-            << "1" << "metre (m)" << "nothing" << int(Notice::NoIcon) << "Division by zero";
+        << "1"
+        << "metre (m)"
+        << "nothing" << int(Notice::NoIcon) << "Division by zero";
 }
 
 void tst_ConversionEngine::arithmeticFailures()
@@ -215,14 +264,30 @@ void tst_ConversionEngine::updateResultPrompts_data()
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("markEnabled");
-    QTest::newRow("no value") << "metre (m)" << "inch (in)" << "" << StringTable::text(367) << false;
-    QTest::newRow("no units and no value") << "" << "" << "" << StringTable::text(367) << false;
-    QTest::newRow("no left unit") << "" << "inch (in)" << "12" << StringTable::text(368) << false;
-    QTest::newRow("no right unit") << "metre (m)" << "" << "12" << StringTable::text(368) << false;
-    QTest::newRow("everything there") << "inch (in)" << "metre (m)" << "12" << "0.304 800 0" << true;
-    QTest::newRow("value read leniently") << "inch (in)" << "metre (m)" << "1 2abc" << "0.304 800 0" << true;
-    QTest::newRow("text that is no number converts zero")
-            << "inch (in)" << "metre (m)" << "abc" << "0.000 000 E+0" << true;
+    QTest::newRow("no value") << "metre (m)"
+                              << "inch (in)"
+                              << "" << StringTable::text(367) << false;
+    QTest::newRow("no units and no value") << ""
+                                           << ""
+                                           << "" << StringTable::text(367) << false;
+    QTest::newRow("no left unit") << ""
+                                  << "inch (in)"
+                                  << "12" << StringTable::text(368) << false;
+    QTest::newRow("no right unit") << "metre (m)"
+                                   << ""
+                                   << "12" << StringTable::text(368) << false;
+    QTest::newRow("everything there") << "inch (in)"
+                                      << "metre (m)"
+                                      << "12"
+                                      << "0.304 800 0" << true;
+    QTest::newRow("value read leniently") << "inch (in)"
+                                          << "metre (m)"
+                                          << "1 2abc"
+                                          << "0.304 800 0" << true;
+    QTest::newRow("text that is no number converts zero") << "inch (in)"
+                                                          << "metre (m)"
+                                                          << "abc"
+                                                          << "0.000 000 E+0" << true;
 }
 
 void tst_ConversionEngine::updateResultPrompts()
@@ -244,11 +309,13 @@ void tst_ConversionEngine::skipNextUpdateSkipsOnce()
     m_catalogue.CurrentQuantity = 1;
     const ConversionEngine engine(m_catalogue, m_settings, m_session);
     m_session.SkipNextUpdate = true;
-    const ConversionResult skipped = engine.UpdateResult(QStringLiteral("inch (in)"), QStringLiteral("metre (m)"), QStringLiteral("12"));
+    const ConversionResult skipped = engine.UpdateResult(
+        QStringLiteral("inch (in)"), QStringLiteral("metre (m)"), QStringLiteral("12"));
     QCOMPARE(skipped.text, QString());
     QVERIFY(skipped.markEnabled); // marking still follows the inputs
     QVERIFY(!m_session.SkipNextUpdate);
-    const ConversionResult next = engine.UpdateResult(QStringLiteral("inch (in)"), QStringLiteral("metre (m)"), QStringLiteral("12"));
+    const ConversionResult next = engine.UpdateResult(
+        QStringLiteral("inch (in)"), QStringLiteral("metre (m)"), QStringLiteral("12"));
     QCOMPARE(next.text, QStringLiteral("0.304 800 0"));
 }
 

@@ -77,74 +77,76 @@ void tst_NumberFormat::formatResult_data()
 
     const QString x = QStringLiteral("x");
     QTest::newRow("exact at 13 figures, nothing more to show")
-            << 1.0 << x << x << 13 << false << true << 1000.0 << "1.000 000 000 000"
-            << "Exact Factors  (Current: 13)" << false;
+        << 1.0 << x << x << 13 << false << true << 1000.0 << "1.000 000 000 000"
+        << "Exact Factors  (Current: 13)" << false;
     QTest::newRow("exact at 12 figures, more available")
-            << 1.0 << x << x << 12 << false << true << 1000.0 << "1.000 000 000 00"
-            << "Exact Factors  (Current: 12)" << true;
+        << 1.0 << x << x << 12 << false << true << 1000.0 << "1.000 000 000 00"
+        << "Exact Factors  (Current: 12)" << true;
     QTest::newRow("degrees to radians shows Max 13")
-            << 0.0174532925199433 << "1.74532925199433E-02" << x << 7 << false << true << 1000.0
-            << "1.745 329 E-2" << "Max: 13  (Current: 7)" << true;
+        << 0.0174532925199433 << "1.74532925199433E-02" << x << 7 << false << true << 1000.0
+        << "1.745 329 E-2"
+        << "Max: 13  (Current: 7)" << true;
     QTest::newRow("factor of three digits limits the result")
-            << 0.3048 << "0.0254" << x << 7 << false << true << 1000.0 << "0.305"
-            << "Max: 3  (Current: 7)" << false;
+        << 0.3048 << "0.0254" << x << 7 << false << true << 1000.0 << "0.305"
+        << "Max: 3  (Current: 7)" << false;
     QTest::newRow("the smaller of two inexact counts")
-            << 2.0 << "0.0254" << "0.3048" << 7 << false << true << 1000.0 << "2.00"
-            << "Max: 3  (Current: 7)" << false;
+        << 2.0 << "0.0254"
+        << "0.3048" << 7 << false << true << 1000.0 << "2.00"
+        << "Max: 3  (Current: 7)" << false;
     QTest::newRow("target side inexact")
-            << 2.0 << x << "0.3048" << 7 << false << true << 1000.0 << "2.000"
-            << "Max: 4  (Current: 7)" << false;
+        << 2.0 << x << "0.3048" << 7 << false << true << 1000.0 << "2.000"
+        << "Max: 4  (Current: 7)" << false;
     QTest::newRow("maximum itself is regular")
-            << 1000.0 << x << x << 7 << false << true << 1000.0 << "1 000.000"
-            << "Exact Factors  (Current: 7)" << true;
+        << 1000.0 << x << x << 7 << false << true << 1000.0 << "1 000.000"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("above the maximum is scientific")
-            << 1000.5 << x << x << 7 << false << true << 1000.0 << "1.000 500 E+3"
-            << "Exact Factors  (Current: 7)" << true;
+        << 1000.5 << x << x << 7 << false << true << 1000.0 << "1.000 500 E+3"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("minimum itself is regular")
-            << 0.1 << x << x << 7 << false << true << 1000.0 << "0.100 000 0"
-            << "Exact Factors  (Current: 7)" << true;
+        << 0.1 << x << x << 7 << false << true << 1000.0 << "0.100 000 0"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("below the minimum is scientific")
-            << 0.0999 << x << x << 7 << false << true << 1000.0 << "9.990 000 E-2"
-            << "Exact Factors  (Current: 7)" << true;
+        << 0.0999 << x << x << 7 << false << true << 1000.0 << "9.990 000 E-2"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("zero is below any minimum")
-            << 0.0 << x << x << 7 << false << true << 1000.0 << "0.000 000 E+0"
-            << "Exact Factors  (Current: 7)" << true;
+        << 0.0 << x << x << 7 << false << true << 1000.0 << "0.000 000 E+0"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("scientific setting")
-            << 12.0 << x << x << 7 << true << true << 1000.0 << "1.200 000 E+1"
-            << "Exact Factors  (Current: 7)" << true;
-    QTest::newRow("triads off")
-            << 1234567.891 << x << x << 10 << false << false << 1e9 << "1234567.891"
-            << "Exact Factors  (Current: 10)" << true;
+        << 12.0 << x << x << 7 << true << true << 1000.0 << "1.200 000 E+1"
+        << "Exact Factors  (Current: 7)" << true;
+    QTest::newRow("triads off") << 1234567.891 << x << x << 10 << false << false << 1e9
+                                << "1234567.891"
+                                << "Exact Factors  (Current: 10)" << true;
     QTest::newRow("triads on both sides of the point")
-            << 1234567.891 << x << x << 10 << false << true << 1e9 << "1 234 567.891"
-            << "Exact Factors  (Current: 10)" << true;
+        << 1234567.891 << x << x << 10 << false << true << 1e9 << "1 234 567.891"
+        << "Exact Factors  (Current: 10)" << true;
     QTest::newRow("whole number rounded, not padded")
-            << 1234.0 << x << x << 2 << false << true << 1e9 << "1 200"
-            << "Exact Factors  (Current: 2)" << true;
+        << 1234.0 << x << x << 2 << false << true << 1e9 << "1 200"
+        << "Exact Factors  (Current: 2)" << true;
     QTest::newRow("padded with a point and zeros")
-            << 1.5 << x << x << 4 << false << false << 1000.0 << "1.500"
-            << "Exact Factors  (Current: 4)" << true;
+        << 1.5 << x << x << 4 << false << false << 1000.0 << "1.500"
+        << "Exact Factors  (Current: 4)" << true;
     QTest::newRow("padded after leading zeros")
-            << 0.05 << x << x << 3 << false << false << 1000.0 << "5.00E-2"
-            << "Exact Factors  (Current: 3)" << true;
+        << 0.05 << x << x << 3 << false << false << 1000.0 << "5.00E-2"
+        << "Exact Factors  (Current: 3)" << true;
     QTest::newRow("one figure groups the exponent")
-            << 5e12 << x << x << 1 << false << true << 1000.0 << "5E +12"
-            << "Exact Factors  (Current: 1)" << true;
+        << 5e12 << x << x << 1 << false << true << 1000.0 << "5E +12"
+        << "Exact Factors  (Current: 1)" << true;
     QTest::newRow("nine fraction digits keep their blank before the exponent")
-            << 123456.789 << x << x << 10 << true << true << 1000.0 << "1.234 567 890 E+5"
-            << "Exact Factors  (Current: 10)" << true;
+        << 123456.789 << x << x << 10 << true << true << 1000.0 << "1.234 567 890 E+5"
+        << "Exact Factors  (Current: 10)" << true;
     QTest::newRow("eight fraction digits")
-            << 123456.789 << x << x << 9 << true << true << 1000.0 << "1.234 567 89E+5"
-            << "Exact Factors  (Current: 9)" << true;
+        << 123456.789 << x << x << 9 << true << true << 1000.0 << "1.234 567 89E+5"
+        << "Exact Factors  (Current: 9)" << true;
     QTest::newRow("negative value groups its digits, not its sign")
-            << -1234.5 << x << x << 7 << false << true << 1e9 << "-1 234.500"
-            << "Exact Factors  (Current: 7)" << true;
+        << -1234.5 << x << x << 7 << false << true << 1e9 << "-1 234.500"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("negative three-digit integer part")
-            << -273.15 << x << x << 7 << false << true << 1000.0 << "-273.150 0"
-            << "Exact Factors  (Current: 7)" << true;
+        << -273.15 << x << x << 7 << false << true << 1000.0 << "-273.150 0"
+        << "Exact Factors  (Current: 7)" << true;
     QTest::newRow("rounding half away from zero")
-            << 1.0005 << x << x << 4 << false << false << 1000.0 << "1.001"
-            << "Exact Factors  (Current: 4)" << true;
+        << 1.0005 << x << x << 4 << false << false << 1000.0 << "1.001"
+        << "Exact Factors  (Current: 4)" << true;
 }
 
 void tst_NumberFormat::formatResult()
@@ -189,8 +191,9 @@ void tst_NumberFormat::formattingErrorsBecomeMessages_data()
     QTest::addColumn<int>("sigFigs");
     QTest::addColumn<QString>("message");
     QTest::newRow("factor text with a D exponent")
-            << "1d5" << 7 << "Error # 5\nInvalid procedure call or argument";
-    QTest::newRow("zero significant figures") << "x" << 0 << "Error # 5\nInvalid procedure call or argument";
+        << "1d5" << 7 << "Error # 5\nInvalid procedure call or argument";
+    QTest::newRow("zero significant figures")
+        << "x" << 0 << "Error # 5\nInvalid procedure call or argument";
 }
 
 void tst_NumberFormat::formattingErrorsBecomeMessages()
@@ -200,7 +203,8 @@ void tst_NumberFormat::formattingErrorsBecomeMessages()
     QFETCH(QString, message);
     Settings settings;
     settings.SigFigs = sigFigs;
-    const FormattedResult result = NumberFormat::FormatResult(2.0, factorText, QStringLiteral("x"), settings);
+    const FormattedResult result
+        = NumberFormat::FormatResult(2.0, factorText, QStringLiteral("x"), settings);
     QCOMPARE(result.text, QString());
     QVERIFY(result.notice);
     QCOMPARE(result.notice->text, message);
@@ -234,7 +238,7 @@ void tst_NumberFormat::groupedResultPastesBackAsTheSameNumber()
     const QString ungrouped = NumberFormat::FormatResult(value, x, x, plain).text;
     QVERIFY(shown.contains(u' '));
     QCOMPARE(NumberText::leadingNumber(NumberFilter::filter(shown)),
-             NumberText::leadingNumber(ungrouped));
+        NumberText::leadingNumber(ungrouped));
 }
 
 QTEST_GUILESS_MAIN(tst_NumberFormat)

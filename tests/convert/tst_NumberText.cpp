@@ -4,8 +4,8 @@
 // Reading numbers from text (lenient and strict) and writing them back.
 #include "convert/NumberText.h"
 
-#include <QTest>
 #include <cmath>
+#include <QTest>
 
 class tst_NumberText : public QObject
 {
@@ -84,8 +84,10 @@ void tst_NumberText::strictReading_data()
     QTest::newRow("locale comma") << "0,5" << QChar(u',') << 0.5 << 0;
     QTest::newRow("point with comma locale") << "0.5" << QChar(u',') << 0.5 << 0;
     QTest::newRow("words") << "abc" << QChar(u'.') << 0.0 << int(RuntimeError::TypeMismatch);
-    QTest::newRow("trailing text") << "12kg" << QChar(u'.') << 0.0 << int(RuntimeError::TypeMismatch);
-    QTest::newRow("blank inside") << "1 000" << QChar(u'.') << 0.0 << int(RuntimeError::TypeMismatch);
+    QTest::newRow("trailing text")
+        << "12kg" << QChar(u'.') << 0.0 << int(RuntimeError::TypeMismatch);
+    QTest::newRow("blank inside") << "1 000" << QChar(u'.') << 0.0
+                                  << int(RuntimeError::TypeMismatch);
     QTest::newRow("empty") << "" << QChar(u'.') << 0.0 << int(RuntimeError::TypeMismatch);
     QTest::newRow("too big") << "1e999" << QChar(u'.') << 0.0 << int(RuntimeError::Overflow);
 }

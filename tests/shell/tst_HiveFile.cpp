@@ -55,15 +55,22 @@ void tst_HiveFile::valuesRoundTrip_data()
 {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("value");
-    QTest::newRow("plain") << "currvalue" << "12";
-    QTest::newRow("quotes and backslashes") << "shellprog" << "C:\\Program \"Files\"\\calc.exe";
-    QTest::newRow("unit name with degree sign") << "currunit1" << "Fahrenheit (°F)";
-    QTest::newRow("non-Latin script") << "Единица" << "测量 単位 ميزان";
-    QTest::newRow("line breaks") << "note" << "first\r\nsecond\nthird";
+    QTest::newRow("plain") << "currvalue"
+                           << "12";
+    QTest::newRow("quotes and backslashes") << "shellprog"
+                                            << "C:\\Program \"Files\"\\calc.exe";
+    QTest::newRow("unit name with degree sign") << "currunit1"
+                                                << "Fahrenheit (°F)";
+    QTest::newRow("non-Latin script") << "Единица"
+                                      << "测量 単位 ميزان";
+    QTest::newRow("line breaks") << "note"
+                                 << "first\r\nsecond\nthird";
     QTest::newRow("the NUL text of an empty value") << "currunit2" << QString(QChar(0));
     QTest::newRow("longer than the registry's read buffer") << "long" << QString(5000, u'x');
-    QTest::newRow("brackets and equals") << "[odd] = \"name\"" << "a=b]";
-    QTest::newRow("leading and trailing blanks") << "  padded  " << "  value  ";
+    QTest::newRow("brackets and equals") << "[odd] = \"name\""
+                                         << "a=b]";
+    QTest::newRow("leading and trailing blanks") << "  padded  "
+                                                 << "  value  ";
     QTest::newRow("emoji outside the basic plane") << "smile" << QStringLiteral("\U0001F600");
 }
 
@@ -84,10 +91,14 @@ void tst_HiveFile::valuesRoundTrip()
 void tst_HiveFile::namesCompareWithoutCase()
 {
     HiveFile hive(m_file);
-    hive.setValue(QStringLiteral("Software\\Mensura\\User\\OnOff\\Length"), QStringLiteral("OnOff"), QStringLiteral("0"));
-    QCOMPARE(hive.value(QStringLiteral("software\\mensura\\user\\onoff\\LENGTH"), QStringLiteral("onoff")).value_or(QString()),
-             QStringLiteral("0"));
-    hive.setValue(QStringLiteral("SOFTWARE\\Mensura\\User\\OnOff\\Length"), QStringLiteral("ONOFF"), QStringLiteral("1"));
+    hive.setValue(QStringLiteral("Software\\Mensura\\User\\OnOff\\Length"), QStringLiteral("OnOff"),
+        QStringLiteral("0"));
+    QCOMPARE(hive.value(QStringLiteral("software\\mensura\\user\\onoff\\LENGTH"),
+                     QStringLiteral("onoff"))
+                 .value_or(QString()),
+        QStringLiteral("0"));
+    hive.setValue(QStringLiteral("SOFTWARE\\Mensura\\User\\OnOff\\Length"), QStringLiteral("ONOFF"),
+        QStringLiteral("1"));
     QCOMPARE(hive.values(QStringLiteral("Software\\Mensura\\User\\OnOff\\Length")).size(), 1);
 }
 
@@ -96,7 +107,8 @@ void tst_HiveFile::keysKeepTheirOrderAndDeleteWithTheirChildren()
     HiveFile hive(m_file);
     const QString quans = QStringLiteral("Software\\Mensura\\User\\NewQuans");
     for (const char *name : { "Zeta", "alpha", "Mid" })
-        hive.setValue(quans + u'\\' + QLatin1String(name), QStringLiteral("OnOff"), QStringLiteral("1"));
+        hive.setValue(
+            quans + u'\\' + QLatin1String(name), QStringLiteral("OnOff"), QStringLiteral("1"));
     QCOMPARE(hive.subKeys(quans), QStringList({ "Zeta", "alpha", "Mid" }));
     QVERIFY(hive.flush());
     HiveFile reread(m_file);
@@ -113,16 +125,16 @@ void tst_HiveFile::keysKeepTheirOrderAndDeleteWithTheirChildren()
 void tst_HiveFile::readsARegistryExport_data()
 {
     QTest::addColumn<QByteArray>("bytes");
-    const QString text = QStringLiteral(
-            "Windows Registry Editor Version 5.00\r\n\r\n"
-            "[HKEY_CURRENT_USER\\Software\\Mensura]\r\n\r\n"
-            "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"
-            "\"currunit1\"=\"inch (in)\"\r\n"
-            "\"shellprog\"=\"C:\\\\WINDOWS\\\\system32\\\\calc.exe\"\r\n"
-            "\"currunit2\"=hex(1):00,00,00,00\r\n"
-            "\"note\"=hex(1):61,00,0a,00,\\\r\n  62,00,00,00\r\n"
-            "\"count\"=dword:0000001a\r\n"
-            "@=\"default\"\r\n");
+    const QString text
+        = QStringLiteral("Windows Registry Editor Version 5.00\r\n\r\n"
+                         "[HKEY_CURRENT_USER\\Software\\Mensura]\r\n\r\n"
+                         "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"
+                         "\"currunit1\"=\"inch (in)\"\r\n"
+                         "\"shellprog\"=\"C:\\\\WINDOWS\\\\system32\\\\calc.exe\"\r\n"
+                         "\"currunit2\"=hex(1):00,00,00,00\r\n"
+                         "\"note\"=hex(1):61,00,0a,00,\\\r\n  62,00,00,00\r\n"
+                         "\"count\"=dword:0000001a\r\n"
+                         "@=\"default\"\r\n");
     QByteArray utf16("\xff\xfe");
     for (QChar c : text)
         utf16 += char(c.unicode() & 0xff), utf16 += char(c.unicode() >> 8);
@@ -137,12 +149,16 @@ void tst_HiveFile::readsARegistryExport()
     QFETCH(QByteArray, bytes);
     HiveFile hive(write(bytes));
     QVERIFY(!hive.damaged());
-    QCOMPARE(hive.value(Settings, QStringLiteral("currunit1")).value_or(QString()), QStringLiteral("inch (in)"));
+    QCOMPARE(hive.value(Settings, QStringLiteral("currunit1")).value_or(QString()),
+        QStringLiteral("inch (in)"));
     QCOMPARE(hive.value(Settings, QStringLiteral("shellprog")).value_or(QString()),
-             QStringLiteral("C:\\WINDOWS\\system32\\calc.exe"));
-    QCOMPARE(hive.value(Settings, QStringLiteral("currunit2")).value_or(QString()), QString(QChar(0)));
-    QCOMPARE(hive.value(Settings, QStringLiteral("note")).value_or(QString()), QStringLiteral("a\nb"));
-    QCOMPARE(hive.value(Settings, QStringLiteral("count")).value_or(QString()), QStringLiteral("26"));
+        QStringLiteral("C:\\WINDOWS\\system32\\calc.exe"));
+    QCOMPARE(
+        hive.value(Settings, QStringLiteral("currunit2")).value_or(QString()), QString(QChar(0)));
+    QCOMPARE(
+        hive.value(Settings, QStringLiteral("note")).value_or(QString()), QStringLiteral("a\nb"));
+    QCOMPARE(
+        hive.value(Settings, QStringLiteral("count")).value_or(QString()), QStringLiteral("26"));
     QCOMPARE(hive.value(Settings, QString()).value_or(QString()), QStringLiteral("default"));
 }
 
@@ -152,17 +168,24 @@ void tst_HiveFile::damagedFileIsReadAsFarAsItMakesSense_data()
     QTest::addColumn<QString>("kept"); // the value of "a" that survives
     const QByteArray good = "Windows Registry Editor Version 5.00\r\n\r\n"
                             "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"1\"\r\n";
-    QTest::newRow("truncated in a value") << good + "\"b\"=\"unfinish" << "1";
-    QTest::newRow("truncated in a key line") << good + "[HKEY_CURRENT_USER\\Softw" << "1";
-    QTest::newRow("binary garbage after the values") << good + QByteArray("\x00\xff\xfe\x01\x9c garbage\r\n\x7f", 17) << "1";
-    QTest::newRow("unknown escape") << good + "\"b\"=\"tab\\there\"\r\n" << "1";
+    QTest::newRow("truncated in a value") << good + "\"b\"=\"unfinish"
+                                          << "1";
+    QTest::newRow("truncated in a key line") << good + "[HKEY_CURRENT_USER\\Softw"
+                                             << "1";
+    QTest::newRow("binary garbage after the values")
+        << good + QByteArray("\x00\xff\xfe\x01\x9c garbage\r\n\x7f", 17) << "1";
+    QTest::newRow("unknown escape") << good + "\"b\"=\"tab\\there\"\r\n"
+                                    << "1";
     QTest::newRow("duplicate key, the last value counts")
-            << good + "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"2\"\r\n" << "2";
+        << good + "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"2\"\r\n"
+        << "2";
     QTest::newRow("no header") << QByteArray(good).remove(0, 40) << "1";
     QTest::newRow("values before any key") << "\"x\"=\"y\"\r\n" + good << "1";
     QTest::newRow("key of another hive")
-            << good + "[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n\"a\"=\"9\"\r\n" << "1";
-    QTest::newRow("bad hex") << good + "\"b\"=hex(1):zz,00\r\n" << "1";
+        << good + "[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n\"a\"=\"9\"\r\n"
+        << "1";
+    QTest::newRow("bad hex") << good + "\"b\"=hex(1):zz,00\r\n"
+                             << "1";
 }
 
 void tst_HiveFile::damagedFileIsReadAsFarAsItMakesSense()
@@ -176,8 +199,9 @@ void tst_HiveFile::damagedFileIsReadAsFarAsItMakesSense()
 
 void tst_HiveFile::damagedFileIsKeptBeforeItIsOverwritten()
 {
-    const QByteArray damaged = "Windows Registry Editor Version 5.00\r\n\r\n"
-                               "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"1\"\r\n\"b\"=\"cut";
+    const QByteArray damaged
+        = "Windows Registry Editor Version 5.00\r\n\r\n"
+          "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"1\"\r\n\"b\"=\"cut";
     HiveFile hive(write(damaged));
     hive.setValue(Settings, QStringLiteral("c"), QStringLiteral("3"));
     QVERIFY(hive.flush());

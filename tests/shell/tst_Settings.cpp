@@ -88,14 +88,30 @@ void tst_Settings::storedValuesAreRead_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("readBack"); // the setting's stored text after loading
-    QTest::newRow("true as -1") << "systray" << "-1" << "1";
-    QTest::newRow("true as word") << "confirm" << "True" << "1";
-    QTest::newRow("false as word") << "remember" << "false" << "0";
-    QTest::newRow("scientific on") << "scientific" << "1" << "1";
-    QTest::newRow("maximum") << "maxnumber" << "1e+9" << "1000000000";
-    QTest::newRow("minimum") << "minnumber" << "0.001" << "0.001";
-    QTest::newRow("unit with odd characters") << "currunit1" << "erg  (dyne-centimetre)" << "erg  (dyne-centimetre)";
-    QTest::newRow("calculator choice") << "wincalc" << "0" << "0";
+    QTest::newRow("true as -1") << "systray"
+                                << "-1"
+                                << "1";
+    QTest::newRow("true as word") << "confirm"
+                                  << "True"
+                                  << "1";
+    QTest::newRow("false as word") << "remember"
+                                   << "false"
+                                   << "0";
+    QTest::newRow("scientific on") << "scientific"
+                                   << "1"
+                                   << "1";
+    QTest::newRow("maximum") << "maxnumber"
+                             << "1e+9"
+                             << "1000000000";
+    QTest::newRow("minimum") << "minnumber"
+                             << "0.001"
+                             << "0.001";
+    QTest::newRow("unit with odd characters") << "currunit1"
+                                              << "erg  (dyne-centimetre)"
+                                              << "erg  (dyne-centimetre)";
+    QTest::newRow("calculator choice") << "wincalc"
+                                       << "0"
+                                       << "0";
 }
 
 void tst_Settings::storedValuesAreRead()
@@ -117,10 +133,18 @@ void tst_Settings::textThatIsNoNumberKeepsTheDefault_data()
     QTest::addColumn<QString>("stored");
     QTest::addColumn<QString>("fallback");
     QTest::addColumn<int>("error");
-    QTest::newRow("maximum as words") << "maxnumber" << "a thousand" << "1000" << 13;
-    QTest::newRow("boolean as words") << "triads" << "yes please" << "1" << 13;
-    QTest::newRow("calculator choice too big") << "wincalc" << "1e20" << "1" << 6;
-    QTest::newRow("empty number") << "minnumber" << "" << "0.1" << 13;
+    QTest::newRow("maximum as words") << "maxnumber"
+                                      << "a thousand"
+                                      << "1000" << 13;
+    QTest::newRow("boolean as words") << "triads"
+                                      << "yes please"
+                                      << "1" << 13;
+    QTest::newRow("calculator choice too big") << "wincalc"
+                                               << "1e20"
+                                               << "1" << 6;
+    QTest::newRow("empty number") << "minnumber"
+                                  << ""
+                                  << "0.1" << 13;
 }
 
 void tst_Settings::textThatIsNoNumberKeepsTheDefault()
