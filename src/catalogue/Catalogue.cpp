@@ -11,7 +11,7 @@ static const QString OnOffKey = QStringLiteral("User\\OnOff\\");
 
 // An on/off value of the store: strictly an integer; a type error keeps the entry enabled.
 static int readOnOff(SettingsStore &store, const QString &subKey, const QString &valueName,
-                     QList<RuntimeError> *problems)
+    QList<RuntimeError> *problems)
 {
     const QString text = store.RegReadString(subKey, valueName, QStringLiteral("1"));
     try {
@@ -19,7 +19,7 @@ static int readOnOff(SettingsStore &store, const QString &subKey, const QString 
     } catch (RuntimeError &error) {
         if (problems) {
             error.detail = QStringLiteral("\"%1\" is stored for \"%2\" in \"%3\"")
-                                   .arg(text, valueName, subKey);
+                               .arg(text, valueName, subKey);
             problems->append(error);
         }
         return 1;
@@ -50,7 +50,8 @@ void Catalogue::LoadBuiltinCatalogue(SettingsStore &store, QList<RuntimeError> *
     for (int i = 1; i <= BuiltinQuantityCount; ++i) {
         PhysicalQuantity &q = Quantities[i];
         const QString countText = StringTable::text(UnitCountBase + i);
-        q.UnitCount = countText.isEmpty() ? 0 : qBound(0, NumberText::toInt16(countText), int(MaxUnits));
+        q.UnitCount
+            = countText.isEmpty() ? 0 : qBound(0, NumberText::toInt16(countText), int(MaxUnits));
         const int base = QuantityBase + 100 * i;
         q.Name = StringTable::text(base);
         q.OnOff = readOnOff(store, OnOffKey + q.Name, QStringLiteral("OnOff"), problems);
@@ -115,5 +116,6 @@ QStringList Catalogue::enabledUnitNames(int q) const
 
 bool Catalogue::isTemperature(int q) const
 {
-    return q >= 1 && q <= QuantityCount && Quantities[q].Name == StringTable::text(TemperatureNameId);
+    return q >= 1 && q <= QuantityCount
+        && Quantities[q].Name == StringTable::text(TemperatureNameId);
 }
