@@ -106,11 +106,12 @@ ConversionResult ConversionEngine::convertTemperature(
         converted.take(NumberFormat::FormatResult(value, Exact, Exact, m_settings));
         return converted;
     }
+    // The scale names, read once: the string table never changes while the program runs.
     // The Celsius name is the default unit's text without its "*" mark.
-    const QString celsius = StringTable::text(StringId::Celsius).right(12);
-    const QString kelvin = StringTable::text(StringId::Kelvin);
-    const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
-    const QString rankine = StringTable::text(StringId::Rankine);
+    static const QString celsius = StringTable::text(StringId::Celsius).right(12);
+    static const QString kelvin = StringTable::text(StringId::Kelvin);
+    static const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
+    static const QString rankine = StringTable::text(StringId::Rankine);
 
     double c = 0;
     if (fromUnit == celsius)
