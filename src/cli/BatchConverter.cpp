@@ -6,14 +6,16 @@
 #include "cli/CliText.h"
 #include "cli/OutputBuffer.h"
 
-#include <QVarLengthArray>
 #include <cstring>
+#include <QVarLengthArray>
 
 static constexpr qsizetype ReadBlock = 1 << 20;
 
-BatchConverter::BatchConverter(CliConverter &converter, const QString &defaultQuantity,
-                               bool verbose)
-    : m_converter(converter), m_defaultQuantity(defaultQuantity), m_verbose(verbose)
+BatchConverter::BatchConverter(
+    CliConverter &converter, const QString &defaultQuantity, bool verbose)
+    : m_converter(converter)
+    , m_defaultQuantity(defaultQuantity)
+    , m_verbose(verbose)
 {
 }
 
@@ -84,8 +86,8 @@ void BatchConverter::convertLine(QByteArrayView line, OutputBuffer &out, OutputB
     const QByteArrayView quantity = tabs.size() == 3 ? line.sliced(tabs[2] + 1) : QByteArrayView();
 
     const UnitLookup::Resolution &resolved = resolution(names, from, to, quantity);
-    const CliConverter::Outcome outcome =
-            m_converter.convertResolved(QString::fromUtf8(value), resolved);
+    const CliConverter::Outcome outcome
+        = m_converter.convertResolved(QString::fromUtf8(value), resolved);
     if (!outcome.warning.isEmpty())
         errors.line(CliText::warningPrefix() + CliText::batchLine(m_lines, outcome.warning));
     if (outcome.exitStatus != CliConverter::Success) {
@@ -100,16 +102,16 @@ void BatchConverter::convertLine(QByteArrayView line, OutputBuffer &out, OutputB
     out.append('\n');
 }
 
-const UnitLookup::Resolution &BatchConverter::resolution(QByteArrayView names, QByteArrayView from,
-                                                         QByteArrayView to,
-                                                         QByteArrayView quantity)
+const UnitLookup::Resolution &BatchConverter::resolution(
+    QByteArrayView names, QByteArrayView from, QByteArrayView to, QByteArrayView quantity)
 {
     // Looked up without copying the line; the key is copied only when it is new.
     const auto found = m_resolutions.constFind(QByteArray::fromRawData(names.data(), names.size()));
     if (found != m_resolutions.constEnd())
         return *found;
-    const QString quantityName = quantity.isEmpty() ? m_defaultQuantity : QString::fromUtf8(quantity);
+    const QString quantityName
+        = quantity.isEmpty() ? m_defaultQuantity : QString::fromUtf8(quantity);
     const UnitLookup::Resolution resolved = m_converter.lookup().resolve(
-            QString::fromUtf8(from), QString::fromUtf8(to), quantityName);
+        QString::fromUtf8(from), QString::fromUtf8(to), quantityName);
     return *m_resolutions.insert(names.toByteArray(), resolved);
 }

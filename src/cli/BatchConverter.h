@@ -10,11 +10,11 @@
 
 #include "cli/UnitLookup.h"
 
+#include <cstdio>
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QHash>
 #include <QString>
-#include <cstdio>
 
 class CliConverter;
 class OutputBuffer;
@@ -35,8 +35,8 @@ public:
     qint64 failed() const { return m_failed; }
 
 private:
-    const UnitLookup::Resolution &resolution(QByteArrayView names, QByteArrayView from,
-                                             QByteArrayView to, QByteArrayView quantity);
+    const UnitLookup::Resolution &resolution(
+        QByteArrayView names, QByteArrayView from, QByteArrayView to, QByteArrayView quantity);
     void fail(const QString &message, OutputBuffer &out);
 
     CliConverter &m_converter;

@@ -7,7 +7,9 @@
 #include "convert/NumberFilter.h"
 
 CliConverter::CliConverter(Catalogue &catalogue, const Settings &settings)
-    : m_catalogue(catalogue), m_engine(catalogue, settings, m_session), m_lookup(catalogue)
+    : m_catalogue(catalogue)
+    , m_engine(catalogue, settings, m_session)
+    , m_lookup(catalogue)
 {
 }
 
@@ -22,8 +24,8 @@ bool CliConverter::isNumber(QStringView value)
     return !NumberFilter::filter(value.toString()).isEmpty();
 }
 
-CliConverter::Outcome CliConverter::convert(const QString &value, const QString &from,
-                                            const QString &to, const QString &quantity)
+CliConverter::Outcome CliConverter::convert(
+    const QString &value, const QString &from, const QString &to, const QString &quantity)
 {
     if (!isNumber(value)) {
         Outcome refused;
@@ -34,8 +36,8 @@ CliConverter::Outcome CliConverter::convert(const QString &value, const QString 
     return convertResolved(value, m_lookup.resolve(from, to, quantity));
 }
 
-CliConverter::Outcome CliConverter::convertResolved(const QString &value,
-                                                    const UnitLookup::Resolution &resolution)
+CliConverter::Outcome CliConverter::convertResolved(
+    const QString &value, const UnitLookup::Resolution &resolution)
 {
     Outcome outcome;
     if (!isNumber(value)) {
@@ -50,15 +52,16 @@ CliConverter::Outcome CliConverter::convertResolved(const QString &value,
     }
     m_catalogue.CurrentQuantity = resolution.quantity;
     const auto &units = m_catalogue.Units[resolution.quantity];
-    ConversionResult result = m_engine.UpdateResult(units[resolution.fromUnit].Name,
-                                                    units[resolution.toUnit].Name, value);
+    ConversionResult result = m_engine.UpdateResult(
+        units[resolution.fromUnit].Name, units[resolution.toUnit].Name, value);
     outcome.text = std::move(result.text);
     if (result.statusText)
         outcome.statusText = std::move(*result.statusText);
     qsizetype firstError = 0;
     if (result.replacedEntry && !result.notices.isEmpty()) {
         // Below absolute zero: the window corrects the value and converts that.
-        outcome.warning = result.notices.first().text + CliText::valueTakenAs(*result.replacedEntry);
+        outcome.warning
+            = result.notices.first().text + CliText::valueTakenAs(*result.replacedEntry);
         firstError = 1;
     }
     for (qsizetype i = firstError; i < result.notices.size(); ++i)

@@ -23,8 +23,7 @@ class CliConverter
 public:
     enum ExitStatus { Success = 0, ConversionFailed = 1, BadInput = 2 };
 
-    struct Outcome
-    {
+    struct Outcome {
         int exitStatus = Success;
         QString text; // the result box's text; empty when nothing was converted
         QString statusText; // the status bar's text on the figures
@@ -35,8 +34,8 @@ public:
     CliConverter(Catalogue &catalogue, const Settings &settings);
 
     // Converts value from one unit to another, the names resolved by the lookup.
-    Outcome convert(const QString &value, const QString &from, const QString &to,
-                    const QString &quantity);
+    Outcome convert(
+        const QString &value, const QString &from, const QString &to, const QString &quantity);
     // The same for names already resolved.
     Outcome convertResolved(const QString &value, const UnitLookup::Resolution &resolution);
 

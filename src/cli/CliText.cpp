@@ -108,7 +108,7 @@ QString CliText::missingOptionValue(const QString &option)
 QString CliText::unknownCommand(const QString &command)
 {
     return QStringLiteral("unknown command \"%1\" (the commands are convert and units). %2")
-            .arg(command, seeHelp());
+        .arg(command, seeHelp());
 }
 
 QString CliText::noCommand()
@@ -125,7 +125,7 @@ QString CliText::batchTakesNoArguments()
 {
     return QStringLiteral("convert --batch reads its conversions from standard input and takes "
                           "no VALUE or units. %1")
-            .arg(seeHelp());
+        .arg(seeHelp());
 }
 
 QString CliText::unitsArguments()
@@ -183,12 +183,12 @@ QString CliText::quantitySwitchedOff(const QString &name)
     return QStringLiteral("the quantity \"%1\" is switched off in the catalogue.").arg(name);
 }
 
-QString CliText::unknownUnit(const QString &name, const QString &quantity,
-                             const QStringList &suggestions)
+QString CliText::unknownUnit(
+    const QString &name, const QString &quantity, const QStringList &suggestions)
 {
     QString text = quantity.isEmpty()
-            ? QStringLiteral("unknown unit \"%1\".").arg(name)
-            : QStringLiteral("unknown unit \"%1\" in %2.").arg(name, quantity);
+        ? QStringLiteral("unknown unit \"%1\".").arg(name)
+        : QStringLiteral("unknown unit \"%1\" in %2.").arg(name, quantity);
     if (suggestions.isEmpty())
         return text + u' ' + unitListHint();
     return text + suggestionList(suggestions);
@@ -197,30 +197,30 @@ QString CliText::unknownUnit(const QString &name, const QString &quantity,
 QString CliText::unitSwitchedOff(const QString &name, const QString &quantity)
 {
     return QStringLiteral("the unit \"%1\" of %2 is switched off in the catalogue.")
-            .arg(name, quantity);
+        .arg(name, quantity);
 }
 
-QString CliText::ambiguousUnit(const QString &name, const QString &quantity,
-                               const QStringList &candidates)
+QString CliText::ambiguousUnit(
+    const QString &name, const QString &quantity, const QStringList &candidates)
 {
     return QStringLiteral("\"%1\" names several units of %2: %3. Give the full name.")
-            .arg(name, quantity, candidates.join(QStringLiteral("; ")));
+        .arg(name, quantity, candidates.join(QStringLiteral("; ")));
 }
 
 QString CliText::noCommonQuantity(const QString &from, const QStringList &fromQuantities,
-                                  const QString &to, const QStringList &toQuantities)
+    const QString &to, const QStringList &toQuantities)
 {
     return QStringLiteral("no quantity holds both \"%1\" (%2) and \"%3\" (%4).")
-            .arg(from, fromQuantities.join(QStringLiteral(", ")), to,
-                 toQuantities.join(QStringLiteral(", ")));
+        .arg(from, fromQuantities.join(QStringLiteral(", ")), to,
+            toQuantities.join(QStringLiteral(", ")));
 }
 
-QString CliText::severalQuantities(const QString &from, const QString &to,
-                                   const QStringList &quantities)
+QString CliText::severalQuantities(
+    const QString &from, const QString &to, const QStringList &quantities)
 {
     return QStringLiteral("\"%1\" and \"%2\" are units of several quantities: %3. "
                           "Choose one with --quantity.")
-            .arg(from, to, quantities.join(QStringLiteral(", ")));
+        .arg(from, to, quantities.join(QStringLiteral(", ")));
 }
 
 QString CliText::unitListHint()

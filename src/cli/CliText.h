@@ -35,15 +35,15 @@ public:
     static QString notANumber(const QString &value);
     static QString unknownQuantity(const QString &name, const QStringList &suggestions);
     static QString quantitySwitchedOff(const QString &name);
-    static QString unknownUnit(const QString &name, const QString &quantity,
-                               const QStringList &suggestions);
+    static QString unknownUnit(
+        const QString &name, const QString &quantity, const QStringList &suggestions);
     static QString unitSwitchedOff(const QString &name, const QString &quantity);
-    static QString ambiguousUnit(const QString &name, const QString &quantity,
-                                 const QStringList &candidates);
+    static QString ambiguousUnit(
+        const QString &name, const QString &quantity, const QStringList &candidates);
     static QString noCommonQuantity(const QString &from, const QStringList &fromQuantities,
-                                    const QString &to, const QStringList &toQuantities);
-    static QString severalQuantities(const QString &from, const QString &to,
-                                     const QStringList &quantities);
+        const QString &to, const QStringList &toQuantities);
+    static QString severalQuantities(
+        const QString &from, const QString &to, const QStringList &quantities);
     static QString unitListHint();
 
     // Batch

@@ -9,13 +9,14 @@
 
 #include <cmath>
 
-namespace {
+namespace
+{
 
 // "-40" and "-.5" are values to convert, not options.
 bool looksLikeNegativeNumber(const QString &argument)
 {
     return argument.size() > 1 && argument[0] == u'-'
-            && (argument[1].isDigit() || argument[1] == u'.');
+        && (argument[1].isDigit() || argument[1] == u'.');
 }
 
 std::optional<double> strictNumber(const QString &text)
@@ -47,7 +48,7 @@ bool CommandLine::parse(const QStringList &arguments)
             continue;
         }
         const bool isOption = !optionsEnded && argument.size() > 1 && argument[0] == u'-'
-                && !looksLikeNegativeNumber(argument);
+            && !looksLikeNegativeNumber(argument);
         if (!isOption) {
             if (commandWord.isNull())
                 commandWord = argument;
@@ -122,11 +123,11 @@ bool CommandLine::parse(const QStringList &arguments)
 
 // Options with a value, given as "--name value" or "--name=value".
 bool CommandLine::takeOption(const QString &name, const std::optional<QString> &inlineValue,
-                             const QStringList &arguments, qsizetype &i)
+    const QStringList &arguments, qsizetype &i)
 {
     const bool takesValue = name == QStringLiteral("--quantity") || name == QStringLiteral("--hive")
-            || name == QStringLiteral("--sigfigs") || name == QStringLiteral("--max")
-            || name == QStringLiteral("--min");
+        || name == QStringLiteral("--sigfigs") || name == QStringLiteral("--max")
+        || name == QStringLiteral("--min");
     if (!takesValue)
         return fail(CliText::unknownOption(arguments[i]));
     QString value;

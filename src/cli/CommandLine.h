@@ -7,9 +7,9 @@
 // Anything wrong leaves a message in error() for the caller to print with exit status 2.
 #pragma once
 
+#include <optional>
 #include <QString>
 #include <QStringList>
-#include <optional>
 
 class Settings;
 
@@ -43,7 +43,7 @@ public:
 private:
     bool fail(const QString &message);
     bool takeOption(const QString &name, const std::optional<QString> &inlineValue,
-                    const QStringList &arguments, qsizetype &i);
+        const QStringList &arguments, qsizetype &i);
 
     QString m_error;
 };

@@ -3,7 +3,8 @@
 #include "cli/OutputBuffer.h"
 
 OutputBuffer::OutputBuffer(std::FILE *stream, qsizetype blockSize)
-    : m_stream(stream), m_blockSize(blockSize)
+    : m_stream(stream)
+    , m_blockSize(blockSize)
 {
     m_buffer.reserve(blockSize + 1024);
 }

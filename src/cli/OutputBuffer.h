@@ -6,10 +6,10 @@
 // writes instead of one per line.
 #pragma once
 
+#include <cstdio>
 #include <QByteArray>
 #include <QByteArrayView>
 #include <QString>
-#include <cstdio>
 
 class OutputBuffer
 {

@@ -5,11 +5,12 @@
 #include "catalogue/Catalogue.h"
 #include "cli/CliText.h"
 
+#include <algorithm>
 #include <QStringList>
 #include <QVector>
-#include <algorithm>
 
-namespace {
+namespace
+{
 
 // Lays rows out in columns two blanks apart, without blanks at the ends of the lines.
 QString columns(const QVector<QStringList> &rows, const QString &indent)
@@ -44,7 +45,9 @@ QString tabbed(const QStringList &fields)
 } // namespace
 
 UnitListing::UnitListing(const Catalogue &catalogue, bool tsv, bool all)
-    : m_catalogue(catalogue), m_tsv(tsv), m_all(all)
+    : m_catalogue(catalogue)
+    , m_tsv(tsv)
+    , m_all(all)
 {
 }
 
@@ -59,9 +62,9 @@ QString UnitListing::quantities() const
     }
     // The main window's tabs are in alphabetical order.
     std::stable_sort(order.begin(), order.end(), [this](int a, int b) {
-        return m_catalogue.Quantities[a].Name.compare(m_catalogue.Quantities[b].Name,
-                                                      Qt::CaseInsensitive)
-                < 0;
+        return m_catalogue.Quantities[a].Name.compare(
+                   m_catalogue.Quantities[b].Name, Qt::CaseInsensitive)
+            < 0;
     });
 
     QString text;
@@ -72,8 +75,8 @@ QString UnitListing::quantities() const
         const bool custom = quantity.Custom == 1;
         if (m_tsv) {
             text += tabbed({ quantity.Name, QString::number(enabledUnits), quantity.DefaultUnit,
-                             custom ? CliText::customWord() : CliText::builtinWord(),
-                             quantity.enabled() ? CliText::onWord() : CliText::offWord() });
+                custom ? CliText::customWord() : CliText::builtinWord(),
+                quantity.enabled() ? CliText::onWord() : CliText::offWord() });
             continue;
         }
         QStringList marks;
@@ -82,8 +85,8 @@ QString UnitListing::quantities() const
         if (!quantity.enabled())
             marks.append(CliText::switchedOffMark());
         rows.append({ quantity.Name, CliText::unitsCount(enabledUnits),
-                      CliText::defaultMark() + QStringLiteral(": ") + quantity.DefaultUnit,
-                      marks.join(QStringLiteral(", ")) });
+            CliText::defaultMark() + QStringLiteral(": ") + quantity.DefaultUnit,
+            marks.join(QStringLiteral(", ")) });
     }
     return m_tsv ? text : columns(rows, QString());
 }
@@ -100,13 +103,13 @@ QString UnitListing::units(int q) const
             continue;
         const bool isDefault = unit.Name == quantity.DefaultUnit;
         const QString exactness = formula ? CliText::formulaWord()
-                : unit.Exact == 1         ? CliText::exactWord()
+            : unit.Exact == 1             ? CliText::exactWord()
                                           : CliText::inexactWord();
         if (m_tsv) {
             text += tabbed({ unit.Name, unit.FactorText, exactness,
-                             isDefault ? CliText::defaultMark() : QString(),
-                             unit.Custom == 1 ? CliText::customWord() : CliText::builtinWord(),
-                             unit.enabled() ? CliText::onWord() : CliText::offWord() });
+                isDefault ? CliText::defaultMark() : QString(),
+                unit.Custom == 1 ? CliText::customWord() : CliText::builtinWord(),
+                unit.enabled() ? CliText::onWord() : CliText::offWord() });
             continue;
         }
         QStringList marks;
@@ -119,12 +122,13 @@ QString UnitListing::units(int q) const
         if (formula)
             rows.append({ unit.Name, CliText::byFormula(), marks.join(QStringLiteral(", ")) });
         else
-            rows.append({ unit.Name, unit.FactorText, exactness, marks.join(QStringLiteral(", ")) });
+            rows.append(
+                { unit.Name, unit.FactorText, exactness, marks.join(QStringLiteral(", ")) });
     }
     if (m_tsv)
         return text;
     return CliText::quantityHeading(quantity.Name, quantity.DefaultUnit) + u'\n'
-            + columns(rows, QStringLiteral("  "));
+        + columns(rows, QStringLiteral("  "));
 }
 
 int UnitListing::findQuantity(const QString &name) const

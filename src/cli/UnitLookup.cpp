@@ -7,7 +7,8 @@
 
 #include <algorithm>
 
-namespace {
+namespace
+{
 
 // "watt (J/s) (W)" -> bare name "watt", symbols "J/s" and "W".
 void splitBrackets(const QString &name, QString &bare, QStringList &symbols)
@@ -36,8 +37,7 @@ void splitBrackets(const QString &name, QString &bare, QStringList &symbols)
     bare = bare.simplified();
 }
 
-struct Named
-{
+struct Named {
     QString shown;
     QString folded;
 };
@@ -71,7 +71,8 @@ QStringList closest(const QString &text, const QVector<Named> &names)
 
 } // namespace
 
-UnitLookup::UnitLookup(const Catalogue &catalogue) : m_catalogue(catalogue)
+UnitLookup::UnitLookup(const Catalogue &catalogue)
+    : m_catalogue(catalogue)
 {
     for (int q = 1; q <= catalogue.QuantityCount; ++q) {
         if (!catalogue.Quantities[q].enabled())
@@ -157,8 +158,8 @@ QVector<UnitLookup::Candidate> UnitLookup::candidates(const QString &name)
     return *m_unitCache.insert(name, found);
 }
 
-UnitLookup::Resolution UnitLookup::resolve(const QString &from, const QString &to,
-                                           const QString &quantityName)
+UnitLookup::Resolution UnitLookup::resolve(
+    const QString &from, const QString &to, const QString &quantityName)
 {
     Resolution resolution;
     const QVector<Candidate> fromCandidates = candidates(from);
@@ -214,8 +215,8 @@ UnitLookup::Resolution UnitLookup::resolve(const QString &from, const QString &t
             }
         }
         if (common.isEmpty()) {
-            resolution.error = CliText::noCommonQuantity(from, quantityNames(fromCandidates), to,
-                                                         quantityNames(toCandidates));
+            resolution.error = CliText::noCommonQuantity(
+                from, quantityNames(fromCandidates), to, quantityNames(toCandidates));
             return resolution;
         }
         if (common.size() > 1) {
@@ -250,8 +251,8 @@ QString UnitLookup::unitError(const QString &name, int q) const
     const QString switchedOff = switchedOffUnit(name, q);
     if (!switchedOff.isEmpty())
         return switchedOff;
-    return CliText::unknownUnit(name, q ? m_catalogue.Quantities[q].Name : QString(),
-                                unitSuggestions(name, q));
+    return CliText::unknownUnit(
+        name, q ? m_catalogue.Quantities[q].Name : QString(), unitSuggestions(name, q));
 }
 
 // The message for a name that means a unit the catalogue has switched off, or its quantity.
@@ -280,9 +281,9 @@ QStringList UnitLookup::unitSuggestions(const QString &name, int q) const
         if (q != 0 && forms.quantity != q)
             continue;
         const QString &unit = m_catalogue.Units[forms.quantity][forms.unit].Name;
-        const QString shown = q != 0 ? unit
-                                     : QStringLiteral("%1 [%2]").arg(
-                                             unit, m_catalogue.Quantities[forms.quantity].Name);
+        const QString shown = q != 0
+            ? unit
+            : QStringLiteral("%1 [%2]").arg(unit, m_catalogue.Quantities[forms.quantity].Name);
         names.append(Named { shown, forms.folded });
     }
     return closest(name, names);

@@ -24,16 +24,14 @@ public:
 
     // The units one name can mean within one quantity: all units matched at the best tier
     // there (more than one makes the name ambiguous in that quantity).
-    struct Candidate
-    {
+    struct Candidate {
         int quantity = 0;
         Tier tier = ExactName;
         QVector<int> units;
     };
 
     // What a conversion's names come to: a quantity and a unit index on each side, or why not.
-    struct Resolution
-    {
+    struct Resolution {
         int quantity = 0;
         int fromUnit = 0;
         int toUnit = 0;
@@ -42,8 +40,7 @@ public:
         bool ok() const { return error.isEmpty(); }
     };
 
-    struct QuantityAnswer
-    {
+    struct QuantityAnswer {
         int quantity = 0;
         QString error; // empty when found
     };
@@ -67,8 +64,7 @@ public:
 
 private:
     // The forms of one enabled unit's name that the matching compares with.
-    struct UnitForms
-    {
+    struct UnitForms {
         int quantity;
         int unit;
         QString folded; // the name in lower case

@@ -14,19 +14,20 @@
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
 
+#include <cstdio>
 #include <QCoreApplication>
 #include <QFileInfo>
-#include <cstdio>
 
 #ifdef Q_OS_WIN
 #include <fcntl.h>
 #include <io.h>
 #endif
 
-namespace {
+namespace
+{
 
 int listUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
-              OutputBuffer &errors)
+    OutputBuffer &errors)
 {
     const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
     if (commandLine.operands.isEmpty()) {
@@ -45,12 +46,12 @@ int listUnits(const CommandLine &commandLine, const Catalogue &catalogue, Output
 }
 
 int convertOne(const CommandLine &commandLine, Catalogue &catalogue, const Settings &settings,
-               OutputBuffer &out, OutputBuffer &errors)
+    OutputBuffer &out, OutputBuffer &errors)
 {
     CliConverter converter(catalogue, settings);
     const QStringList &operands = commandLine.operands;
-    const CliConverter::Outcome outcome =
-            converter.convert(operands[0], operands[1], operands[2], commandLine.quantity);
+    const CliConverter::Outcome outcome
+        = converter.convert(operands[0], operands[1], operands[2], commandLine.quantity);
     if (!outcome.warning.isEmpty())
         errors.line(CliText::warningPrefix() + outcome.warning.simplified());
     for (const QString &error : outcome.errors)

@@ -33,6 +33,20 @@ static double checked(double value)
     return value;
 }
 
+// The same as a == b, sooner for the names a unit scan passes over: those differ in length or
+// in their first or last character; and a caller may hand over the catalogue's own text.
+static inline bool sameName(const QString &a, const QString &b)
+{
+    const qsizetype size = a.size();
+    if (size != b.size())
+        return false;
+    const QChar *x = a.constData();
+    const QChar *y = b.constData();
+    if (size == 0 || x == y)
+        return true;
+    return x[0] == y[0] && x[size - 1] == y[size - 1] && a == b;
+}
+
 void ConversionResult::take(const FormattedResult &formatted)
 {
     text = formatted.text;
@@ -72,12 +86,12 @@ ConversionResult ConversionEngine::convertProportional(
         = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
     for (int j = 1; j <= count; ++j) {
         const UnitEntry &u = m_catalogue.Units[q][j];
-        if (u.Name == fromUnit) {
+        if (sameName(u.Name, fromUnit)) {
             fromFactor = u.Factor;
             fromText = u.FactorText;
             fromExact = u.Exact == 1;
         }
-        if (u.Name == toUnit) {
+        if (sameName(u.Name, toUnit)) {
             if (u.Factor == 0)
                 throw RuntimeError { RuntimeError::DivisionByZero, {} };
             toInverse = checked(1.0 / u.Factor); // the reciprocal, taken once

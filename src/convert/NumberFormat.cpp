@@ -10,8 +10,8 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
-#include <cstring>
 #include <cmath>
+#include <cstring>
 #include <type_traits>
 
 namespace StringId
@@ -22,11 +22,14 @@ constexpr int Max = 430;
 constexpr int Current = 369;
 } // namespace StringId
 
-static const QString Exact = QStringLiteral("x");
-
 // 10^0 .. 10^12, all exact doubles.
 static constexpr double PowersOfTen[NumberFormat::MaxFigures]
     = { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12 };
+// 10^-22 .. 10^22, each the double nearest the power.
+static constexpr double TenToThe[45] = { 1e-22, 1e-21, 1e-20, 1e-19, 1e-18, 1e-17, 1e-16, 1e-15,
+    1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0,
+    1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17,
+    1e18, 1e19, 1e20, 1e21, 1e22 };
 
 // The formatter runs once per conversion, and a batch of conversions runs it many times: the
 // texts are built in character buffers and become a QString once, at the end. The grouping
@@ -35,7 +38,7 @@ static constexpr double PowersOfTen[NumberFormat::MaxFigures]
 namespace
 {
 
-template<typename Ch> bool isSpace(Ch c)
+template<typename Ch> inline bool isSpace(Ch c)
 {
     return QChar::isSpace(char32_t(std::make_unsigned_t<Ch>(c)));
 }
@@ -84,7 +87,8 @@ template<typename Ch> qsizetype groupTriads(const Ch *text, qsizetype size, Ch *
         std::copy(text, end, out);
         return size;
     }
-    Ch *o = point - text > 3 ? groupFromRight(text, point - text, out) : std::copy(text, point, out);
+    Ch *o
+        = point - text > 3 ? groupFromRight(text, point - text, out) : std::copy(text, point, out);
     *o++ = Ch('.');
     const Ch *fraction = point + 1;
     const Ch *exponent
@@ -96,6 +100,12 @@ template<typename Ch> qsizetype groupTriads(const Ch *text, qsizetype size, Ch *
     }
     o = std::copy(exponent, end, o);
     return trimInPlace(out, o) - out;
+}
+
+// text == "x", the mark of an exact side.
+bool isExact(const QString &text)
+{
+    return text.size() == 1 && text.front() == u'x';
 }
 
 // The counting of CountSignificantDigits, over the characters before the exponent.
@@ -113,8 +123,7 @@ template<typename Ch> int countFigures(const Ch *begin, const Ch *end)
 
 // The status texts for every number of figures the settings allow, built once: the string
 // table never changes while the program runs.
-struct StatusTexts
-{
+struct StatusTexts {
     static constexpr int Cached = NumberFormat::MaxFigures + 1;
     QString exactFactors, max, current, closing;
     QString exact[Cached]; // by SigFigs
@@ -132,10 +141,7 @@ struct StatusTexts
                 limited[n][sigFigs] = limitedText(n, sigFigs);
         }
     }
-    QString currentText(int sigFigs) const
-    {
-        return current + QString::number(sigFigs) + closing;
-    }
+    QString currentText(int sigFigs) const { return current + QString::number(sigFigs) + closing; }
     QString exactText(int sigFigs) const
     {
         if (sigFigs >= 0 && sigFigs < Cached && !exact[sigFigs].isNull())
@@ -161,11 +167,14 @@ const StatusTexts &statusTexts()
 
 int NumberFormat::CountSignificantDigits(const QString &text)
 {
-    QStringView t = QStringView(text).trimmed();
-    if (t.startsWith(u'-'))
-        t = t.sliced(1);
-    const char16_t *begin = t.utf16();
-    const char16_t *end = begin + t.size();
+    const char16_t *begin = reinterpret_cast<const char16_t *>(text.utf16());
+    const char16_t *end = begin + text.size();
+    while (begin < end && isSpace(*begin))
+        ++begin;
+    while (end > begin && isSpace(end[-1]))
+        --end;
+    if (begin < end && *begin == u'-')
+        ++begin;
     // Only "e" and "E" fold to "e", only "d" and "D" to "d".
     const char16_t *e = std::find_if(begin, end, [](char16_t c) { return c == u'e' || c == u'E'; });
     if (e == end && std::any_of(begin, end, [](char16_t c) { return c == u'd' || c == u'D'; }))
@@ -187,15 +196,15 @@ FormattedResult NumberFormat::FormatResult(
     FormattedResult result;
     try {
         const StatusTexts &texts = statusTexts();
-        const bool exact = a == Exact && b == Exact;
+        const bool exact = isExact(a) && isExact(b);
         int n;
         if (exact) {
             n = qMin(settings.SigFigs, int(MaxFigures));
             result.statusText = texts.exactText(settings.SigFigs);
         } else {
-            if (a == Exact)
+            if (isExact(a))
                 n = CountSignificantDigits(b);
-            else if (b == Exact)
+            else if (isExact(b))
                 n = CountSignificantDigits(a);
             else
                 n = qMin(CountSignificantDigits(a), CountSignificantDigits(b));
@@ -244,7 +253,11 @@ FormattedResult NumberFormat::FormatResult(
                 exponent = exponent * 10 + (*digit - '0');
             if (e[1] == '-')
                 exponent = -exponent;
-            const double r = mantissa * std::pow(10.0, double(exponent));
+            // From 10^-22 to 10^22 pow() gives the double nearest the power, as the table
+            // holds it; the table saves the call.
+            const double r = mantissa
+                * (exponent >= -22 && exponent <= 22 ? TenToThe[exponent + 22]
+                                                     : std::pow(10.0, double(exponent)));
             if (!std::isfinite(r))
                 throw RuntimeError { RuntimeError::Overflow, {} };
             length = NumberText::shortestText(r, s);

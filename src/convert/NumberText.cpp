@@ -191,6 +191,26 @@ bool NumberText::toBoolean(QStringView text, QChar localeDecimal)
     return toDouble(trimmed, localeDecimal) != 0.0;
 }
 
+// Writes value as exactly count decimal digits, leading zeros included.
+static inline void writeDigits(char *out, quint32 value, int count)
+{
+    static constexpr char Pairs[]
+        = "0001020304050607080910111213141516171819202122232425262728293031"
+          "3233343536373839404142434445464748495051525354555657585960616263"
+          "6465666768697071727374757677787980818283848586878889909192939495"
+          "96979899";
+    int i = count;
+    while (i >= 2) {
+        const quint32 pair = value % 100;
+        value /= 100;
+        i -= 2;
+        out[i] = Pairs[2 * pair];
+        out[i + 1] = Pairs[2 * pair + 1];
+    }
+    if (i == 1)
+        out[0] = char('0' + value % 10);
+}
+
 // The 15 significant digits of magnitude as a whole number, quickly, for the values where plain
 // floating-point arithmetic can tell them for certain: magnitude times a power of ten (exact
 // up to 10^22) is within half a unit in the last place of the true product, at most 1/16 for
@@ -202,8 +222,13 @@ static bool quickDigits(double magnitude, qint64 &digits, int &exponent)
         1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22 };
     if (!(magnitude >= 1e-8 && magnitude < 1e36))
         return false;
-    int decade = int(std::floor(std::log10(magnitude)));
-    for (int attempt = 0; attempt < 2; ++attempt) {
+    // The decade from the binary exponent: magnitude = f * 2^binary with 0.5 <= f < 1, so its
+    // decade is this one or the next; the loop moves to the right one.
+    quint64 bits;
+    std::memcpy(&bits, &magnitude, sizeof bits);
+    const int binary = int((bits >> 52) & 0x7ff) - 1022;
+    int decade = int((binary - 1) * 0.30102999566398120); // within one of the right decade
+    for (int attempt = 0; attempt < 3; ++attempt) {
         const int shift = 14 - decade;
         if (shift > 22 || shift < -22)
             return false;
@@ -216,11 +241,11 @@ static bool quickDigits(double magnitude, qint64 &digits, int &exponent)
             ++decade;
             continue;
         }
-        const double whole = std::floor(product);
-        const double fraction = product - whole; // exact below 2^52
+        const qint64 whole = qint64(product);
+        const double fraction = product - double(whole); // exact below 2^52
         if (std::fabs(fraction - 0.5) <= 0.0625)
             return false;
-        digits = qint64(whole) + (fraction > 0.5 ? 1 : 0);
+        digits = whole + (fraction > 0.5 ? 1 : 0);
         if (digits >= 1000000000000000) // rounds up into the next decade
             return false;
         exponent = decade;
@@ -234,10 +259,9 @@ void NumberText::decimalDigits(double value, char (&digits)[16], int &exponent)
     const double magnitude = std::fabs(value);
     qint64 whole = 0;
     if (quickDigits(magnitude, whole, exponent)) {
-        for (int i = 14; i >= 0; --i) {
-            digits[i] = char('0' + whole % 10);
-            whole /= 10;
-        }
+        // Two halves that fit 32 bits, written two digits at a time.
+        writeDigits(digits, quint32(whole / 100000000), 7);
+        writeDigits(digits + 7, quint32(whole % 100000000), 8);
         return;
     }
     char buffer[40];
