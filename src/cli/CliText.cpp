@@ -228,6 +228,11 @@ QString CliText::unitListHint()
     return QStringLiteral("\"mensura-cli units QUANTITY\" lists the units of a quantity.");
 }
 
+QString CliText::unitOfQuantity(const QString &unit, const QString &quantity)
+{
+    return QStringLiteral("%1 [%2]").arg(unit, quantity);
+}
+
 QString CliText::batchFieldCount()
 {
     return QStringLiteral("expected VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY].");
@@ -271,6 +276,16 @@ QString CliText::quantityHeading(const QString &name, const QString &defaultUnit
 QString CliText::unitsCount(int count)
 {
     return count == 1 ? QStringLiteral("1 unit") : QStringLiteral("%1 units").arg(count);
+}
+
+QString CliText::defaultUnitColumn(const QString &unit)
+{
+    return QStringLiteral("default: %1").arg(unit);
+}
+
+QString CliText::marks(const QStringList &marks)
+{
+    return marks.join(QStringLiteral(", "));
 }
 
 QString CliText::customMark()

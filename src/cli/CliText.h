@@ -45,6 +45,7 @@ public:
     static QString severalQuantities(
         const QString &from, const QString &to, const QStringList &quantities);
     static QString unitListHint();
+    static QString unitOfQuantity(const QString &unit, const QString &quantity);
 
     // Batch
     static QString batchFieldCount();
@@ -60,6 +61,8 @@ public:
     // The units listing
     static QString quantityHeading(const QString &name, const QString &defaultUnit);
     static QString unitsCount(int count);
+    static QString defaultUnitColumn(const QString &unit);
+    static QString marks(const QStringList &marks);
     static QString customMark();
     static QString switchedOffMark();
     static QString defaultMark();

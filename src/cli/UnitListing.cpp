@@ -85,8 +85,7 @@ QString UnitListing::quantities() const
         if (!quantity.enabled())
             marks.append(CliText::switchedOffMark());
         rows.append({ quantity.Name, CliText::unitsCount(enabledUnits),
-            CliText::defaultMark() + QStringLiteral(": ") + quantity.DefaultUnit,
-            marks.join(QStringLiteral(", ")) });
+            CliText::defaultUnitColumn(quantity.DefaultUnit), CliText::marks(marks) });
     }
     return m_tsv ? text : columns(rows, QString());
 }
@@ -120,10 +119,9 @@ QString UnitListing::units(int q) const
         if (!unit.enabled())
             marks.append(CliText::switchedOffMark());
         if (formula)
-            rows.append({ unit.Name, CliText::byFormula(), marks.join(QStringLiteral(", ")) });
+            rows.append({ unit.Name, CliText::byFormula(), CliText::marks(marks) });
         else
-            rows.append(
-                { unit.Name, unit.FactorText, exactness, marks.join(QStringLiteral(", ")) });
+            rows.append({ unit.Name, unit.FactorText, exactness, CliText::marks(marks) });
     }
     if (m_tsv)
         return text;

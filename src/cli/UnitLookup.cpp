@@ -13,40 +13,41 @@ namespace
 // "watt (J/s) (W)" -> bare name "watt", symbols "J/s" and "W".
 void splitBrackets(const QString &name, QString &bare, QStringList &symbols)
 {
-    int depth = 0;
-    QString symbol;
-    for (QChar c : name) {
-        if (c == u'(') {
-            if (depth++ > 0)
-                symbol += c;
-        } else if (c == u')' && depth > 0) {
-            if (--depth == 0) {
-                symbol = symbol.trimmed();
-                if (!symbol.isEmpty())
-                    symbols.append(symbol);
-                symbol.clear();
-            } else {
-                symbol += c;
+    const QStringView text(name);
+    qsizetype depth = 0, open = 0, outside = 0;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text[i] == u'(') {
+            if (depth++ == 0) {
+                bare += text.sliced(outside, i - outside);
+                open = i;
             }
-        } else if (depth > 0) {
-            symbol += c;
-        } else {
-            bare += c;
+        } else if (text[i] == u')' && depth > 0 && --depth == 0) {
+            const QStringView symbol = text.sliced(open + 1, i - open - 1).trimmed();
+            if (!symbol.isEmpty())
+                symbols.append(symbol.toString());
+            outside = i + 1;
         }
     }
-    bare = bare.simplified();
+    if (depth == 0) // an unclosed bracket runs to the end of the name
+        bare += text.sliced(outside);
+    // Blanks are left where the brackets were; most names need no more than a trim.
+    bool runs = false;
+    for (qsizetype i = 0; i < bare.size() && !runs; ++i)
+        runs = bare[i].isSpace()
+            && (bare[i] != u' ' || (i + 1 < bare.size() && bare[i + 1].isSpace()));
+    bare = runs ? bare.simplified() : bare.trimmed();
 }
 
 struct Named {
     QString shown;
-    QString folded;
+    QString name; // what is matched
 };
 
 // Names that begin with the text, then names that contain it; failing both, names that begin
 // like it (the text cut back a character at a time, down to three).
 QStringList closest(const QString &text, const QVector<Named> &names)
 {
-    const QString wanted = text.toLower().simplified();
+    const QString wanted = text.simplified();
     QStringList found;
     auto add = [&](const QString &shown) {
         if (found.size() < UnitLookup::MaxSuggestions && !found.contains(shown))
@@ -54,16 +55,16 @@ QStringList closest(const QString &text, const QVector<Named> &names)
     };
     if (!wanted.isEmpty()) {
         for (const Named &name : names)
-            if (name.folded.startsWith(wanted))
+            if (name.name.startsWith(wanted, Qt::CaseInsensitive))
                 add(name.shown);
         for (const Named &name : names)
-            if (name.folded.contains(wanted))
+            if (name.name.contains(wanted, Qt::CaseInsensitive))
                 add(name.shown);
     }
     for (qsizetype length = wanted.size() - 1; found.isEmpty() && length >= 3; --length) {
         const QString start = wanted.left(length);
         for (const Named &name : names)
-            if (name.folded.startsWith(start))
+            if (name.name.startsWith(start, Qt::CaseInsensitive))
                 add(name.shown);
     }
     return found;
@@ -81,9 +82,8 @@ UnitLookup::UnitLookup(const Catalogue &catalogue)
             const UnitEntry &unit = catalogue.Units[q][j];
             if (!unit.enabled())
                 continue;
-            UnitForms forms { q, j, unit.Name.toLower(), QString(), QStringList() };
+            UnitForms forms { q, j, QString(), QStringList() };
             splitBrackets(unit.Name, forms.bare, forms.symbols);
-            forms.bare = forms.bare.toLower();
             m_forms.append(forms);
         }
     }
@@ -130,19 +130,19 @@ QVector<UnitLookup::Candidate> UnitLookup::candidates(const QString &name)
     if (cached != m_unitCache.constEnd())
         return *cached;
 
-    const QString folded = name.trimmed().toLower();
-    const QString simplified = folded.simplified();
-    const QString symbol = name.trimmed();
+    const QString trimmed = name.trimmed();
+    const QString simplified = trimmed.simplified();
     QVector<Candidate> found;
     for (const UnitForms &forms : std::as_const(m_forms)) {
         Tier tier;
-        if (m_catalogue.Units[forms.quantity][forms.unit].Name == name)
+        const QString &unit = m_catalogue.Units[forms.quantity][forms.unit].Name;
+        if (unit == name)
             tier = ExactName;
-        else if (forms.folded == folded)
+        else if (unit.compare(trimmed, Qt::CaseInsensitive) == 0)
             tier = FoldedName;
-        else if (forms.bare == simplified)
+        else if (forms.bare.compare(simplified, Qt::CaseInsensitive) == 0)
             tier = BareName;
-        else if (forms.symbols.contains(symbol))
+        else if (forms.symbols.contains(trimmed))
             tier = Symbol;
         else
             continue;
@@ -283,8 +283,8 @@ QStringList UnitLookup::unitSuggestions(const QString &name, int q) const
         const QString &unit = m_catalogue.Units[forms.quantity][forms.unit].Name;
         const QString shown = q != 0
             ? unit
-            : QStringLiteral("%1 [%2]").arg(unit, m_catalogue.Quantities[forms.quantity].Name);
-        names.append(Named { shown, forms.folded });
+            : CliText::unitOfQuantity(unit, m_catalogue.Quantities[forms.quantity].Name);
+        names.append(Named { shown, unit });
     }
     return closest(name, names);
 }
@@ -295,7 +295,7 @@ QStringList UnitLookup::quantitySuggestions(const QString &name) const
     for (int q = 1; q <= m_catalogue.QuantityCount; ++q) {
         const PhysicalQuantity &quantity = m_catalogue.Quantities[q];
         if (quantity.enabled())
-            names.append(Named { quantity.Name, quantity.Name.toLower() });
+            names.append(Named { quantity.Name, quantity.Name });
     }
     return closest(name, names);
 }

@@ -67,8 +67,7 @@ private:
     struct UnitForms {
         int quantity;
         int unit;
-        QString folded; // the name in lower case
-        QString bare; // lower case, without the parts in brackets
+        QString bare; // without the parts in brackets
         QStringList symbols; // the parts in brackets, as written
     };
 
