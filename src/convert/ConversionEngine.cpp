@@ -84,8 +84,9 @@ ConversionResult ConversionEngine::convertProportional(
     QString fromText, toText;
     const int count
         = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
+    const UnitEntry *units = count > 0 ? m_catalogue.Units[q].constData() : nullptr;
     for (int j = 1; j <= count; ++j) {
-        const UnitEntry &u = m_catalogue.Units[q][j];
+        const UnitEntry &u = units[j];
         if (sameName(u.Name, fromUnit)) {
             fromFactor = u.Factor;
             fromText = u.FactorText;
