@@ -6,8 +6,14 @@
 #include "cli/CliText.h"
 #include "cli/OutputBuffer.h"
 
+#include <algorithm>
+#include <cerrno>
 #include <cstring>
 #include <QVarLengthArray>
+
+#ifdef Q_OS_UNIX
+#include <unistd.h>
+#endif
 
 static constexpr qsizetype ReadBlock = 1 << 20;
 
@@ -19,15 +25,33 @@ BatchConverter::BatchConverter(
 {
 }
 
+// Reads what input has, up to size bytes, waiting only when it has nothing: 0 at the end,
+// -1 on an error.
+static qint64 readSome(std::FILE *input, char *buffer, qsizetype size)
+{
+#ifdef Q_OS_UNIX
+    for (;;) {
+        const ssize_t read = ::read(fileno(input), buffer, size_t(size));
+        if (read >= 0 || errno != EINTR)
+            return read;
+    }
+#else
+    const size_t read = std::fread(buffer, 1, size_t(size), input);
+    return read == 0 && std::ferror(input) ? -1 : qint64(read);
+#endif
+}
+
 int BatchConverter::run(std::FILE *input, OutputBuffer &out, OutputBuffer &errors)
 {
     QByteArray block(ReadBlock, Qt::Uninitialized);
     qsizetype kept = 0; // the start of an unfinished line, moved to the front of the block
+    bool failedToRead = false;
     for (;;) {
         if (kept == block.size())
             block.resize(block.size() * 2); // a line longer than the block
-        const size_t read = std::fread(block.data() + kept, 1, size_t(block.size() - kept), input);
-        const qsizetype filled = kept + qsizetype(read);
+        const qint64 read = readSome(input, block.data() + kept, block.size() - kept);
+        failedToRead = read < 0;
+        const qsizetype filled = kept + qsizetype(std::max<qint64>(read, 0));
         const char *data = block.constData();
         qsizetype start = 0;
         for (;;) {
@@ -39,15 +63,19 @@ int BatchConverter::run(std::FILE *input, OutputBuffer &out, OutputBuffer &error
             start = end + 1;
         }
         kept = filled - start;
-        if (read == 0) {
+        if (read <= 0) {
             if (kept > 0) // a last line without its line break
                 convertLine(QByteArrayView(data + start, kept), out, errors);
             break;
         }
         if (kept > 0 && start > 0)
             std::memmove(block.data(), block.constData() + start, size_t(kept));
+        // Whatever has been converted goes out before the next read may wait: a program that
+        // writes one line and waits for its answer gets it.
+        out.flush();
+        errors.flush();
     }
-    if (std::ferror(input)) {
+    if (failedToRead) {
         errors.line(CliText::errorPrefix() + CliText::readError());
         return CliConverter::BadInput;
     }

@@ -3,9 +3,11 @@
 //
 // "convert --batch": lines VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY] in, one result line
 // out for each, in order. A line that cannot be converted gives "error: line N: why" and the
-// run goes on. Input is read in large blocks; the names of a line are resolved once per
-// distinct spelling (the whole FROM/TO/QUANTITY part of the line is the key), so a long run
-// spends its time converting, not looking names up.
+// run goes on. Input is taken as it comes, up to a megabyte at a time, and the answers to
+// what came go out before the next wait, so a file streams through in large blocks and a
+// program feeding one line at a time gets each answer at once. The names of a line are
+// resolved once per distinct spelling (the whole FROM/TO/QUANTITY part of the line is the
+// key), so a long run spends its time converting, not looking names up.
 #pragma once
 
 #include "cli/UnitLookup.h"

@@ -30,6 +30,7 @@ private Q_SLOTS:
     void agreesWithTheConversionEngine_data();
     void agreesWithTheConversionEngine();
     void lineLongerThanAReadBlock();
+    void answersEachLineAsItArrives();
 
 private:
     CliRun batch(const QByteArray &input, const QStringList &options = {}) const;
@@ -258,6 +259,27 @@ void tst_CliBatch::lineLongerThanAReadBlock()
     const CliRun run = batch("1\tin\tmm\n" + value + "\tin\tm\n1\tin\tmm\n");
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.out, QStringLiteral("25.400 00\n0.304 800 0\n25.400 00\n"));
+}
+
+void tst_CliBatch::answersEachLineAsItArrives()
+{
+    // A program that writes a line and waits for its answer, as with a co-process.
+    QProcess process;
+    process.start(QStringLiteral(MENSURA_CLI),
+        { QStringLiteral("convert"), QStringLiteral("--batch"), QStringLiteral("--hive"), m_hive });
+    QVERIFY(process.waitForStarted());
+    auto answer = [&process](const QByteArray &line) {
+        process.write(line);
+        QByteArray got;
+        while (!got.endsWith('\n') && process.waitForReadyRead(10000))
+            got += process.readAllStandardOutput();
+        return got;
+    };
+    QCOMPARE(answer("12\tin\tm\n"), QByteArray("0.304 800 0\n"));
+    QCOMPARE(answer("100\tCelsius\tFahrenheit\n"), QByteArray("212.000 0\n"));
+    process.closeWriteChannel();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_CliBatch)
