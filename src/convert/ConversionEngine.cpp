@@ -11,7 +11,8 @@
 
 #include <cmath>
 
-namespace StringId {
+namespace StringId
+{
 constexpr int TooBig = 28;
 constexpr int TryAgain = 321;
 constexpr int EnterNumber = 367;
@@ -21,7 +22,7 @@ constexpr int Celsius = 3001;
 constexpr int Kelvin = 3002;
 constexpr int Fahrenheit = 3003;
 constexpr int Rankine = 3004;
-}
+} // namespace StringId
 
 static const QString Exact = QStringLiteral("x");
 
@@ -30,6 +31,20 @@ static double checked(double value)
     if (!std::isfinite(value))
         throw RuntimeError { RuntimeError::Overflow, {} };
     return value;
+}
+
+// The same as a == b, sooner for the names a unit scan passes over: those differ in length or
+// in their first or last character; and a caller may hand over the catalogue's own text.
+static inline bool sameName(const QString &a, const QString &b)
+{
+    const qsizetype size = a.size();
+    if (size != b.size())
+        return false;
+    const QChar *x = a.constData();
+    const QChar *y = b.constData();
+    if (size == 0 || x == y)
+        return true;
+    return x[0] == y[0] && x[size - 1] == y[size - 1] && a == b;
 }
 
 void ConversionResult::take(const FormattedResult &formatted)
@@ -43,14 +58,16 @@ void ConversionResult::take(const FormattedResult &formatted)
         notices.append(*formatted.notice);
 }
 
-ConversionEngine::ConversionEngine(const Catalogue &catalogue, const Settings &settings,
-                                   Session &session)
-    : m_catalogue(catalogue), m_settings(settings), m_session(session)
+ConversionEngine::ConversionEngine(
+    const Catalogue &catalogue, const Settings &settings, Session &session)
+    : m_catalogue(catalogue)
+    , m_settings(settings)
+    , m_session(session)
 {
 }
 
-ConversionResult ConversionEngine::Convert(const QString &fromUnit, const QString &toUnit,
-                                           double value) const
+ConversionResult ConversionEngine::Convert(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     checked(value);
     if (m_catalogue.isTemperature(m_catalogue.CurrentQuantity))
@@ -58,22 +75,24 @@ ConversionResult ConversionEngine::Convert(const QString &fromUnit, const QStrin
     return convertProportional(fromUnit, toUnit, value);
 }
 
-ConversionResult ConversionEngine::convertProportional(const QString &fromUnit,
-                                                       const QString &toUnit, double value) const
+ConversionResult ConversionEngine::convertProportional(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     const int q = m_catalogue.CurrentQuantity;
     double fromFactor = 0, toInverse = 0;
     bool fromExact = false, toExact = false;
     QString fromText, toText;
-    const int count = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
+    const int count
+        = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
+    const UnitEntry *units = count > 0 ? m_catalogue.Units[q].constData() : nullptr;
     for (int j = 1; j <= count; ++j) {
-        const UnitEntry &u = m_catalogue.Units[q][j];
-        if (u.Name == fromUnit) {
+        const UnitEntry &u = units[j];
+        if (sameName(u.Name, fromUnit)) {
             fromFactor = u.Factor;
             fromText = u.FactorText;
             fromExact = u.Exact == 1;
         }
-        if (u.Name == toUnit) {
+        if (sameName(u.Name, toUnit)) {
             if (u.Factor == 0)
                 throw RuntimeError { RuntimeError::DivisionByZero, {} };
             toInverse = checked(1.0 / u.Factor); // the reciprocal, taken once
@@ -94,19 +113,20 @@ ConversionResult ConversionEngine::convertProportional(const QString &fromUnit,
     return converted;
 }
 
-ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
-                                                      const QString &toUnit, double value) const
+ConversionResult ConversionEngine::convertTemperature(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     ConversionResult converted;
     if (fromUnit == toUnit) {
         converted.take(NumberFormat::FormatResult(value, Exact, Exact, m_settings));
         return converted;
     }
+    // The scale names, read once: the string table never changes while the program runs.
     // The Celsius name is the default unit's text without its "*" mark.
-    const QString celsius = StringTable::text(StringId::Celsius).right(12);
-    const QString kelvin = StringTable::text(StringId::Kelvin);
-    const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
-    const QString rankine = StringTable::text(StringId::Rankine);
+    static const QString celsius = StringTable::text(StringId::Celsius).right(12);
+    static const QString kelvin = StringTable::text(StringId::Kelvin);
+    static const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
+    static const QString rankine = StringTable::text(StringId::Rankine);
 
     double c = 0;
     if (fromUnit == celsius)
@@ -120,8 +140,8 @@ ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
     checked(c);
 
     if (c < -273.15) {
-        converted.notices.append(Notice { Notice::Information,
-                                          StringTable::text(StringId::BelowAbsoluteZero), QString() });
+        converted.notices.append(Notice {
+            Notice::Information, StringTable::text(StringId::BelowAbsoluteZero), QString() });
         if (fromUnit == celsius)
             converted.replacedEntry = QStringLiteral("-273.15");
         else if (fromUnit == fahrenheit)
@@ -146,8 +166,8 @@ ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
     return converted;
 }
 
-ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const QString &toUnit,
-                                                 double value) const
+ConversionResult ConversionEngine::convertCaught(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     try {
         return Convert(fromUnit, toUnit, value);
@@ -155,9 +175,9 @@ ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const 
         ConversionResult failed;
         if (error.number == RuntimeError::Overflow) {
             failed.notices.append(Notice { Notice::Exclamation,
-                                           StringTable::text(StringId::TooBig) + QStringLiteral("\n\n")
-                                                   + StringTable::text(StringId::TryAgain),
-                                           QString() });
+                StringTable::text(StringId::TooBig) + QStringLiteral("\n\n")
+                    + StringTable::text(StringId::TryAgain),
+                QString() });
         } else {
             failed.notices.append(Notice { Notice::NoIcon, error.description(), QString() });
         }
@@ -165,8 +185,8 @@ ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const 
     }
 }
 
-ConversionResult ConversionEngine::UpdateResult(const QString &leftUnit, const QString &rightUnit,
-                                                const QString &valueText) const
+ConversionResult ConversionEngine::UpdateResult(
+    const QString &leftUnit, const QString &rightUnit, const QString &valueText) const
 {
     const bool complete = !leftUnit.isEmpty() && !rightUnit.isEmpty() && !valueText.isEmpty();
     ConversionResult result;
