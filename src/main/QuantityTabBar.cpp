@@ -2,6 +2,7 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 #include "main/QuantityTabBar.h"
 
+#include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QStyleOptionButton>
@@ -25,6 +26,41 @@ QuantityTabBar::QuantityTabBar(QWidget *parent)
         if (m_buttons)
             showCurrentRow();
     });
+    // Buttons are the style a new user sees: the bar starts so, and measures its tabs once.
+    setButtonStyle(true);
+}
+
+void QuantityTabBar::setQuantities(const QStringList &captions, const QList<QVariant> &data)
+{
+    m_replacing = true;
+    while (count() > 0)
+        removeTab(count() - 1);
+    for (int i = 0; i < captions.size(); ++i) {
+        const int tab = addTab(captions.at(i));
+        setTabData(tab, data.value(i));
+    }
+    m_replacing = false;
+    // Now the tabs are measured, once: a font change makes the bar lay them out anew.
+    m_widths.clear();
+    QEvent refresh(QEvent::FontChange);
+    QCoreApplication::sendEvent(this, &refresh);
+    relayout();
+}
+
+QSize QuantityTabBar::tabSizeHint(int index) const
+{
+    // While the tabs are being replaced, and in the button style (where the bar lays out its
+    // buttons itself), the tab bar's own layout needs no measured tabs.
+    if (m_replacing)
+        return QSize(1, 1);
+    return m_buttons ? buttonSize(index) : QTabBar::tabSizeHint(index);
+}
+
+QSize QuantityTabBar::minimumTabSizeHint(int index) const
+{
+    if (m_replacing || m_buttons)
+        return tabSizeHint(index);
+    return QTabBar::minimumTabSizeHint(index);
 }
 
 void QuantityTabBar::setButtonStyle(bool buttons)
@@ -73,9 +109,13 @@ QSize QuantityTabBar::buttonSize(int index) const
     // Measuring text is what laying out the buttons costs: each caption is measured once.
     if (m_widths.size() != count()) {
         m_widths.resize(count());
-        for (int i = 0; i < count(); ++i)
-            m_widths[i]
-                = fontMetrics().size(Qt::TextShowMnemonic, tabText(i)).width() + 2 * TextMargin;
+        const QFontMetrics metrics = fontMetrics();
+        for (int i = 0; i < count(); ++i) {
+            // The caption's "&&" draws as one "&" (a quantity name has no accelerator).
+            QString caption = tabText(i);
+            caption.replace(QStringLiteral("&&"), QStringLiteral("&"));
+            m_widths[i] = metrics.horizontalAdvance(caption) + 2 * TextMargin;
+        }
     }
     return QSize(m_widths.at(index), rowHeight());
 }
@@ -255,6 +295,8 @@ void QuantityTabBar::resizeEvent(QResizeEvent *event)
 void QuantityTabBar::tabLayoutChange()
 {
     QTabBar::tabLayoutChange();
+    if (m_replacing)
+        return; // laid out once all tabs are there
     m_widths.clear();
     relayout();
 }

@@ -21,6 +21,10 @@ class QuantityTabBar : public QTabBar
 public:
     explicit QuantityTabBar(QWidget *parent = nullptr);
 
+    // Replaces every tab: one caption and one data value each. Adding tabs one by one would
+    // measure every tab again for each tab added.
+    void setQuantities(const QStringList &captions, const QList<QVariant> &data);
+
     void setButtonStyle(bool buttons);
     bool buttonStyle() const { return m_buttons; }
     // At most as many rows of buttons as fit in this height show at a time (0: all of them).
@@ -46,6 +50,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void leaveEvent(QEvent *event) override;
+    QSize tabSizeHint(int index) const override;
+    QSize minimumTabSizeHint(int index) const override;
     void tabLayoutChange() override;
     void tabInserted(int index) override;
     void tabRemoved(int index) override;
@@ -69,6 +75,7 @@ private:
     void showCurrentRow();
 
     bool m_buttons = false;
+    bool m_replacing = false;
     int m_maxRows = 0;
     int m_firstRow = 0;
     Layout m_layout;

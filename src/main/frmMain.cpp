@@ -624,8 +624,6 @@ void frmMain::BuildQuantityTabs(const QString &selectName)
 {
     m_catalogue.CurrentQuantity = 0;
     m_buildingTabs = true;
-    while (tabMain->count() > 0)
-        tabMain->removeTab(0);
     lstAlphabet->clear();
 
     for (int q = 1; q <= m_catalogue.QuantityCount; ++q) {
@@ -636,17 +634,20 @@ void frmMain::BuildQuantityTabs(const QString &selectName)
         item->setData(Qt::UserRole, q);
         lstAlphabet->addItem(item);
     }
+    QStringList captions;
+    QList<QVariant> quantities;
     int select = -1;
     for (int i = 0; i < lstAlphabet->count(); ++i) {
         const QListWidgetItem *item = lstAlphabet->item(i);
         // A quantity's name is its caption as it stands: "&" is no accelerator here.
         QString caption = item->text();
         caption.replace(u'&', QStringLiteral("&&"));
-        const int tab = tabMain->addTab(caption);
-        tabMain->setTabData(tab, item->data(Qt::UserRole));
+        captions.append(caption);
+        quantities.append(item->data(Qt::UserRole));
         if (select < 0 && item->text() == selectName)
-            select = tab;
+            select = i;
     }
+    tabMain->setQuantities(captions, quantities);
     // A name that has no tab (a quantity since disabled or removed) selects the first tab.
     if (select < 0 && tabMain->count() > 0)
         select = 0;

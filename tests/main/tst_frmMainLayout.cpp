@@ -169,7 +169,8 @@ void tst_frmMainLayout::sidesShareTheWidth()
     QVERIFY(qAbs(left->width() - right->width()) <= 1);
     const int listHeight = left->height();
     const int valueHeight = m_program->find<QWidget *>("txtLeft")->height();
-    window->resize(window->width() + 200, window->height() + 100);
+    // Higher, not wider: with the width the rows of quantity buttons stay as they are.
+    window->resize(window->width(), window->height() + 100);
     window->layout()->activate();
     QCoreApplication::processEvents();
     QVERIFY(qAbs(left->width() - right->width()) <= 1);
@@ -206,8 +207,8 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
     QTest::keyClick(m_program->find<QWidget *>("lstLeft"), Qt::Key_Tab, Qt::ControlModifier);
     QVERIFY(!bar->quantityRect(bar->currentIndex()).isEmpty());
 
-    // A window high enough shows every row without paging.
-    window->resize(window->width(), 1200);
+    // A window large enough shows every row without paging.
+    window->resize(1600, 1200);
     window->layout()->activate();
     QCoreApplication::processEvents();
     QVERIFY(!down->isVisible());
