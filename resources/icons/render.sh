@@ -13,7 +13,7 @@ for size in 16 32 48 64; do
     render smallicon $size 2400 "smallicon-$size.png"
 done
 for icon in cardfileicon markicon calcicon; do
-    render $icon 16 768 "$icon.png"
-    render $icon 32 768 "$icon@2x.png"
-    render $icon 48 768 "$icon@3x.png"
+    for size in 16 32 48; do
+        render $icon $size 768 "$icon-$size.png"
+    done
 done

@@ -12,6 +12,9 @@ QIcon AppIcons::program()
 
 QIcon AppIcons::panel(const char *name)
 {
-    // The @2x and @3x renditions beside the file are found by QIcon itself.
-    return QIcon(QStringLiteral(":/icons/png/%1.png").arg(QLatin1String(name)));
+    QIcon icon;
+    for (int size : { 16, 32, 48 })
+        icon.addFile(QStringLiteral(":/icons/png/%1-%2.png").arg(QLatin1String(name)).arg(size),
+            QSize(size, size));
+    return icon;
 }

@@ -395,8 +395,7 @@ void frmMain::createStatusBar()
     setStatusBar(StatusBar);
     const char *names[]
         = { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3", "StatusBarPanel4" };
-    const char *icons[]
-        = { ":/icons/cardfileicon.svg", ":/icons/markicon.svg", ":/icons/calcicon.svg", nullptr };
+    const char *icons[] = { "cardfileicon", "markicon", "calcicon", nullptr };
     for (int i = 0; i < 4; ++i) {
         StatusBarPanel[i] = new StatusPanel(QString::fromLatin1(names[i]), icons[i], StatusBar);
         // Panels are ordinary (not permanent) widgets: a menu's help line covers all of them.

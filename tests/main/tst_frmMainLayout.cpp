@@ -5,6 +5,7 @@
 // every control still gets the room it asks for and none lies on another; when the window
 // grows, the two sides share the width and the lists take the height. Run also at 200 % scale.
 #include "main/QuantityTabBar.h"
+#include "main/StatusPanel.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
@@ -28,6 +29,7 @@ private slots:
     void sidesShareTheWidth_data();
     void sidesShareTheWidth();
     void buttonRowsPageWhenTheWindowIsLow();
+    void panelsShowTheirIcons();
 
 private:
     void addWholeCatalogue();
@@ -214,6 +216,28 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
     QVERIFY(!down->isVisible());
     for (int i = 0; i < bar->count(); ++i)
         QVERIFY(!bar->quantityRect(i).isEmpty());
+}
+
+void tst_frmMainLayout::panelsShowTheirIcons()
+{
+    QVERIFY(start(false));
+    frmMain *window = m_program->window();
+    window->resize(900, 600);
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    for (const char *name : { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3" }) {
+        auto *panel = m_program->find<StatusPanel *>(name);
+        QVERIFY2(panel->showsIcon(), name);
+        // The icons are coloured; the panel's frame and text are not.
+        const QImage image = panel->grab().toImage();
+        bool coloured = false;
+        for (int y = 0; y < image.height() && !coloured; ++y)
+            for (int x = 0; x < image.width() / 3 && !coloured; ++x) {
+                const QColor c = image.pixelColor(x, y);
+                coloured = qAbs(c.red() - c.blue()) > 60 || qAbs(c.red() - c.green()) > 60;
+            }
+        QVERIFY2(coloured, name);
+    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmMainLayout)

@@ -5,6 +5,7 @@
 // (settings that are no numbers, a damaged or unwritable hive: each reported once, and the
 // program runs on) and the help that the very first run opens.
 #include "catalogue/StringTable.h"
+#include "main/AppIcons.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
@@ -25,6 +26,8 @@ private slots:
     void firstRunOpensTheHelpOnce();
     void unwritableHiveIsReportedOnce();
     void damagedHiveIsReported();
+    void iconsAreBuiltIn_data();
+    void iconsAreBuiltIn();
 
 private:
     QStringList tabNames() const;
@@ -173,6 +176,32 @@ void tst_Startup::damagedHiveIsReported()
         StringTable::text(5612).arg(m_hive->path(), m_hive->path() + QStringLiteral(".bad")));
     // What could be read is used.
     QVERIFY(m_program->startup().settings().ShowTabs);
+}
+
+void tst_Startup::iconsAreBuiltIn_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("program") << QString();
+    QTest::newRow("marked conversions panel") << "cardfileicon";
+    QTest::newRow("mark panel") << "markicon";
+    QTest::newRow("figures panel") << "calcicon";
+}
+
+void tst_Startup::iconsAreBuiltIn()
+{
+    QFETCH(QString, name);
+    const QIcon icon = name.isEmpty() ? AppIcons::program() : AppIcons::panel(qPrintable(name));
+    for (int extent : { 16, 32, 48 }) {
+        const QImage image = icon.pixmap(QSize(extent, extent)).toImage();
+        QVERIFY(!image.isNull());
+        QCOMPARE(image.width(), extent);
+        // Drawn, not blank: some pixel is not transparent.
+        bool drawn = false;
+        for (int y = 0; y < image.height() && !drawn; ++y)
+            for (int x = 0; x < image.width() && !drawn; ++x)
+                drawn = qAlpha(image.pixel(x, y)) > 0;
+        QVERIFY(drawn);
+    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_Startup)
