@@ -37,11 +37,23 @@ void ValueEdit::focusInEvent(QFocusEvent *event)
     QTimer::singleShot(0, this, &QLineEdit::selectAll);
 }
 
+// The standard menu's Paste item: named "edit-paste" by newer Qt versions, and on any version
+// the item whose text ends with the paste key (the menu writes "&Paste" + TAB + the keys).
+static QAction *pasteItem(const QMenu *menu)
+{
+    const QString keys
+        = u'\t' + QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+    for (QAction *action : menu->actions())
+        if (action->objectName() == QLatin1String("edit-paste") || action->text().endsWith(keys))
+            return action;
+    return nullptr;
+}
+
 void ValueEdit::contextMenuEvent(QContextMenuEvent *event)
 {
     QMenu *menu = createStandardContextMenu();
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (QAction *paste = menu->findChild<QAction *>(QStringLiteral("edit-paste"))) {
+    if (QAction *paste = pasteItem(menu)) {
         disconnect(paste, &QAction::triggered, nullptr, nullptr);
         connect(paste, &QAction::triggered, this, [this] { emit pasteRequested(false); });
     }

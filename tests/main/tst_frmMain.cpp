@@ -19,6 +19,7 @@
 #include <QAction>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -277,6 +278,12 @@ void tst_frmMain::enterRefreshesAndKeepsTheValue()
     QCOMPARE(result()->text(), QStringLiteral("24.00000"));
     QVERIFY(edit->hasFocus());
     QCOMPARE(m_program->window()->valueHistory(), QStringList { QStringLiteral("2") });
+    // Coming back to the value box selects the whole value, so that typing replaces it.
+    left()->setFocus();
+    edit->setFocus();
+    QTRY_COMPARE(edit->selectedText(), QStringLiteral("2"));
+    QTest::keyClicks(edit, QStringLiteral("5"));
+    QCOMPARE(result()->text(), QStringLiteral("60.00000"));
 }
 
 void tst_frmMain::history_data()
@@ -485,10 +492,25 @@ void tst_frmMain::pasteOfZeroByKeyboard()
     QVERIFY(!action("mnueditedit_1")->isEnabled());
     QTest::keyClick(value()->lineEdit(), Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(value()->currentText(), QStringLiteral("0"));
-    // Pasting by keyboard goes through the same filter.
+    // Pasting by keyboard goes through the same filter, and so does the value box's own menu.
     QGuiApplication::clipboard()->setText(QStringLiteral("42 inches"));
     QTest::keyClick(value()->lineEdit(), Qt::Key_V, Qt::ControlModifier);
     QCOMPARE(value()->currentText(), QStringLiteral("42 "));
+    QGuiApplication::clipboard()->setText(QStringLiteral("7.5 feet"));
+    QContextMenuEvent menuEvent(
+        QContextMenuEvent::Mouse, QPoint(5, 5), value()->lineEdit()->mapToGlobal(QPoint(5, 5)));
+    QCoreApplication::sendEvent(value()->lineEdit(), &menuEvent);
+    QMenu *menu = value()->lineEdit()->findChild<QMenu *>();
+    QVERIFY(menu);
+    QAction *paste = nullptr;
+    const QString keys = QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+    for (QAction *item : menu->actions())
+        if (item->text().endsWith(keys))
+            paste = item;
+    QVERIFY(paste);
+    paste->trigger();
+    menu->close();
+    QCOMPARE(value()->currentText(), QStringLiteral("7.5 "));
 }
 
 void tst_frmMain::copy()
