@@ -77,6 +77,8 @@ private slots:
     void helpLines();
     void rightClickLeavesSelection();
     void alwaysOnTop();
+    void otherWindowsChangeTheMarkedCount();
+    void optionsChangeTheWindow();
     void accessibleNames();
 
 private:
@@ -749,6 +751,47 @@ void tst_frmMain::alwaysOnTop()
     action("mnualwaystoponoff_1")->trigger();
     QVERIFY(!m_program->window()->isTopmost());
     QVERIFY(m_program->window()->isVisible());
+}
+
+void tst_frmMain::otherWindowsChangeTheMarkedCount()
+{
+    QVERIFY(start());
+    m_program->window()->markedCountChanged(3);
+    QCOMPARE(panel(1)->text(), text(400) + QStringLiteral("3"));
+    QVERIFY(m_program->startup().session().MarkedConversionsExist);
+    QVERIFY(action("mnuRecordsView")->isEnabled());
+    QVERIFY(action("mnuview2records")->isEnabled());
+    QVERIFY(action("mnurecordspurge")->isEnabled());
+    m_program->window()->markedCountChanged(0);
+    QCOMPARE(panel(1)->text(), text(400) + QStringLiteral("0"));
+    QVERIFY(!m_program->startup().session().MarkedConversionsExist);
+    QVERIFY(!action("mnuRecordsView")->isEnabled());
+    QVERIFY(!action("mnurecordspurge")->isEnabled());
+}
+
+void tst_frmMain::optionsChangeTheWindow()
+{
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    // What the options dialog may change: a quantity switched off, a unit switched off, the
+    // interface style, the figures.
+    Catalogue &catalogue = m_program->startup().catalogue();
+    catalogue.Quantities[catalogue.findQuantity(Masses)].OnOff = 0;
+    const int q = catalogue.findQuantity(Lengths);
+    catalogue.Units[q][catalogue.findUnit(q, QStringLiteral("metre"))].OnOff = 0;
+    m_program->startup().settings().ShowTabs = true;
+    m_program->startup().settings().SigFigs = 4;
+    m_program->window()->optionsChanged();
+
+    auto *bar = m_program->find<QuantityTabBar *>("tabMain");
+    QVERIFY(!bar->buttonStyle());
+    for (int i = 0; i < bar->count(); ++i)
+        QVERIFY(bar->tabText(i) != Masses);
+    QCOMPARE(bar->tabText(bar->currentIndex()), Lengths);
+    QVERIFY(left()->findItems(QStringLiteral("metre"), Qt::MatchExactly).isEmpty());
+    QCOMPARE(selected(left()), QStringLiteral("foot"));
+    QCOMPARE(selected(right()), QStringLiteral("inch"));
+    QCOMPARE(result()->text(), QStringLiteral("144.0"));
 }
 
 void tst_frmMain::accessibleNames()
