@@ -133,8 +133,15 @@ FormattedResult NumberFormat::FormatResult(
             const qsizetype exponentAt = s.indexOf(u'E');
             QString mantissa = exponentAt < 0 ? s : s.left(exponentAt);
             const QString exponentPart = exponentAt < 0 ? QString() : s.mid(exponentAt);
-            while (CountSignificantDigits(mantissa) < n)
-                mantissa += mantissa.contains(u'.') ? QStringLiteral("0") : QStringLiteral(".0");
+            // Zero has no significant digit to count (a threshold of 0 or below lets it be
+            // written plainly): it gets the picture's n figures.
+            if (r == 0)
+                mantissa
+                    = n > 1 ? QStringLiteral("0.") + QString(n - 1, u'0') : QStringLiteral("0");
+            else
+                while (CountSignificantDigits(mantissa) < n)
+                    mantissa
+                        += mantissa.contains(u'.') ? QStringLiteral("0") : QStringLiteral(".0");
             s = mantissa + exponentPart;
         }
         result.text = settings.Triads ? triads(s) : s;
