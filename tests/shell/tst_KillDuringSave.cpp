@@ -111,12 +111,21 @@ void tst_KillDuringSave::hiveIsOldOrNewNeverTorn()
             QCOMPARE(progress.committed, -1);
             continue;
         }
-        HiveFile hive(file, true);
-        QVERIFY(!hive.damaged());
-        const int generation
-            = hive.value(SaveHelperHive::SettingsKey, SaveHelperHive::GenerationName)
-                  .value_or(QString())
-                  .toInt();
+        QFile bytes(file);
+        QVERIFY(bytes.open(QIODevice::ReadOnly));
+        const QByteArray found = bytes.readAll();
+        // Most kills leave the file as it was; only a changed file needs reading.
+        int generation = expectedGeneration;
+        if (found != expected) {
+            HiveFile hive(file, true);
+            QVERIFY(!hive.damaged());
+            generation = hive.value(SaveHelperHive::SettingsKey, SaveHelperHive::GenerationName)
+                             .value_or(QString())
+                             .toInt();
+            expected = expectedFile(generation);
+            expectedGeneration = generation;
+            QCOMPARE(found, expected);
+        }
         // The last save put in place, or the one the kill interrupted just after its rename.
         const int lastWhole = progress.committed >= 0 ? progress.committed : onDisk;
         QVERIFY2(generation == lastWhole || generation == progress.saving,
@@ -125,13 +134,6 @@ void tst_KillDuringSave::hiveIsOldOrNewNeverTorn()
                            .arg(generation)
                            .arg(lastWhole)
                            .arg(progress.saving)));
-        QFile bytes(file);
-        QVERIFY(bytes.open(QIODevice::ReadOnly));
-        if (generation != expectedGeneration) {
-            expected = expectedFile(generation);
-            expectedGeneration = generation;
-        }
-        QCOMPARE(bytes.readAll(), expected);
         if (generation != onDisk)
             ++newFileFound;
         onDisk = generation;
@@ -141,7 +143,7 @@ void tst_KillDuringSave::hiveIsOldOrNewNeverTorn()
         clock.elapsed(), killedWhileSaving, newFileFound, onDisk);
     // The kills must have hit saves, or the test proved nothing.
     QVERIFY(killedWhileSaving > 20);
-    QVERIFY(onDisk > 20);
+    QVERIFY(newFileFound > 10);
 }
 
 QTEST_GUILESS_MAIN(tst_KillDuringSave)
