@@ -34,7 +34,7 @@ for target in "${targets[@]}"; do
         failed+=("$target")
         tail -n 40 "$build_dir/$target.log"
     fi
-    grep -E '^#[0-9]+ +DONE|stat::number_of_executed_units' "$build_dir/$target.log" || true
+    grep -E '^#[0-9]+[[:space:]]+DONE' "$build_dir/$target.log" || true
 done
 if [ ${#failed[@]} -ne 0 ]; then
     echo "fuzzing found problems in: ${failed[*]} (inputs in $build_dir/artifacts)"
