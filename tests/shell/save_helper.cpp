@@ -1,23 +1,51 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// Saves a large hive again and again until it is killed, for tst_KillDuringSave. Takes the
-// generation from the file it finds, then writes the next ones, saying on standard output when
-// a save begins ("saving G") and when it is in place ("committed G").
-// Usage: save_helper HIVE_FILE. Exit code 3: the file found was not whole.
-#include "shell/SaveHelperHive.h"
+// Saves large files again and again until it is killed, for tst_KillDuringSave: in turn each
+// kind of file of SaveHelperFiles, in the folder given. Takes the generation from the hive it
+// finds, then writes the next ones, saying on standard output when a save begins ("saving
+// KIND G") and when it is in place ("committed KIND G").
+// Usage: save_helper FOLDER. Exit code 3: the hive found was not whole.
+#include "shell/SaveHelperFiles.h"
 
 #include <cstdio>
 #include <QElapsedTimer>
+
+namespace
+{
+
+bool save(const SaveHelperFiles::Kind &kind, const QDir &folder, HiveFile &hive, int generation)
+{
+    std::printf("saving %s %d\n", kind.word, generation);
+    std::fflush(stdout);
+    Q_UNUSED(folder); // without the conversions file only the hive is saved, where it is
+    bool saved;
+#ifdef SAVE_HELPER_CONVERSIONS
+    if (qstrcmp(kind.word, "conversions") == 0)
+        saved = ConversionsFile::saveRecords(folder.filePath(QString::fromLatin1(kind.fileName)),
+            SaveHelperFiles::records(generation))
+                    .ok();
+    else
+#endif
+        saved = hive.flush();
+    if (!saved)
+        return false;
+    std::printf("committed %s %d\n", kind.word, generation);
+    std::fflush(stdout);
+    return true;
+}
+
+} // namespace
 
 int main(int argc, char *argv[])
 {
     if (argc != 2)
         return 2;
-    HiveFile hive(QString::fromLocal8Bit(argv[1]));
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    HiveFile hive(folder.filePath(QStringLiteral("registry.reg")));
     if (hive.damaged())
         return 3;
-    int generation = hive.value(SaveHelperHive::SettingsKey, SaveHelperHive::GenerationName)
+    int generation = hive.value(SaveHelperFiles::SettingsKey, SaveHelperFiles::GenerationName)
                          .value_or(QString())
                          .toInt();
     // Never outlives a test that died.
@@ -25,13 +53,10 @@ int main(int argc, char *argv[])
     running.start();
     while (running.elapsed() < 10000) {
         ++generation;
-        SaveHelperHive::fill(hive, generation);
-        std::printf("saving %d\n", generation);
-        std::fflush(stdout);
-        if (!hive.flush())
-            return 1;
-        std::printf("committed %d\n", generation);
-        std::fflush(stdout);
+        SaveHelperFiles::fill(hive, generation);
+        for (const SaveHelperFiles::Kind &kind : SaveHelperFiles::kinds())
+            if (!save(kind, folder, hive, generation))
+                return 1;
     }
     return 0;
 }

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// A program killed while it saves never leaves a torn file: save_helper saves a large hive in
-// a loop and is killed (SIGKILL) at a random moment, 200 times; after each kill the file must
-// be exactly the last save that was put in place or the one under way, byte for byte.
-#include "shell/SaveHelperHive.h"
+// A program killed while it saves never leaves a torn file: save_helper saves a large hive (and
+// a large conversions file) in a loop and is killed (SIGKILL) at a random moment, 200 times;
+// after each kill every file must be exactly the last save of it that was put in place or the
+// one under way, byte for byte, and read back whole.
+#include "shell/SaveHelperFiles.h"
 
-#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QHash>
 #include <QProcess>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -20,81 +21,92 @@ class tst_KillDuringSave : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void hiveIsOldOrNewNeverTorn();
+    void filesAreOldOrNewNeverTorn();
 };
 
 namespace
 {
+
+using SaveHelperFiles::Kind;
 
 struct Progress {
     int saving = -1; // the last save begun
     int committed = -1; // the last save in place
 };
 
-Progress progressOf(const QByteArray &output)
+// What the helper said it did, for each kind of file.
+QHash<QByteArray, Progress> progressOf(const QByteArray &output)
 {
-    Progress progress;
+    QHash<QByteArray, Progress> progress;
     for (const QByteArray &line : output.split('\n')) {
         const QList<QByteArray> words = line.split(' ');
-        if (words.size() != 2)
+        if (words.size() != 3)
             continue; // a line cut by the kill
         if (words[0] == "saving")
-            progress.saving = words[1].toInt();
+            progress[words[1]].saving = words[2].toInt();
         else if (words[0] == "committed")
-            progress.committed = words[1].toInt();
+            progress[words[1]].committed = words[2].toInt();
     }
     return progress;
 }
 
-QByteArray expectedFile(int generation)
-{
-    HiveFile hive(QStringLiteral("/dev/null/none.reg"), true);
-    SaveHelperHive::fill(hive, generation);
-    return hive.serialize();
-}
+// What is known of one file between the kills.
+struct Watched {
+    Watched(const Kind &kind, const QString &path)
+        : kind(kind)
+        , path(path)
+    {
+    }
+    Kind kind;
+    QString path;
+    int onDisk = -1; // the generation the file holds; -1 while there is none
+    QByteArray expected; // its bytes
+    int killedWhileSaving = 0;
+    int newerFound = 0;
+};
 
-// Microseconds from the helper's start to its second save in place (then the file is removed).
-int calibrate(const QString &file)
+// Microseconds from the helper's start to its second round of saves in place (then the files
+// are removed).
+int calibrate(const QTemporaryDir &dir)
 {
     QProcess helper;
     QElapsedTimer clock;
     clock.start();
-    helper.start(QStringLiteral(SAVE_HELPER), { file });
+    helper.start(QStringLiteral(SAVE_HELPER), { dir.path() });
     QByteArray output;
-    while (progressOf(output).committed < 2 && helper.waitForReadyRead())
+    while (progressOf(output).value(SaveHelperFiles::kinds().last().word).committed < 2
+        && helper.waitForReadyRead())
         output += helper.readAllStandardOutput();
     const qint64 elapsed = clock.nsecsElapsed() / 1000;
     helper.kill();
     helper.waitForFinished();
-    QFile::remove(file);
+    for (const Kind &kind : SaveHelperFiles::kinds())
+        QFile::remove(dir.filePath(QString::fromLatin1(kind.fileName)));
     return int(elapsed);
 }
 
 } // namespace
 
-void tst_KillDuringSave::hiveIsOldOrNewNeverTorn()
+void tst_KillDuringSave::filesAreOldOrNewNeverTorn()
 {
     QTemporaryDir dir;
     QVERIFY(dir.isValid());
-    const QString file = dir.filePath(QStringLiteral("registry.reg"));
     const quint32 seed = QRandomGenerator::global()->generate();
     qInfo("random seed %u", seed);
     QRandomGenerator random(seed);
-
-    // Kills are spread over the helper's start and its first few saves, however fast they are
-    // on this machine.
-    const int killWindow = calibrate(file);
+    // Kills are spread over the helper's start and its first saves, however fast they are on
+    // this machine.
+    const int killWindow = calibrate(dir);
     QVERIFY(killWindow > 0);
 
-    int onDisk = -1; // the generation the file holds; -1 while there is no file
-    QByteArray expected;
-    int expectedGeneration = -1;
-    int killedWhileSaving = 0, newFileFound = 0;
+    QList<Watched> files;
+    for (const Kind &kind : SaveHelperFiles::kinds())
+        files.append(Watched(kind, dir.filePath(QString::fromLatin1(kind.fileName))));
     QElapsedTimer clock;
     clock.start();
     for (int trial = 0; trial < 200; ++trial) {
         QProcess helper;
-        helper.start(QStringLiteral(SAVE_HELPER), { file });
+        helper.start(QStringLiteral(SAVE_HELPER), { dir.path() });
         QVERIFY(helper.waitForStarted());
         QThread::usleep(random.bounded(killWindow));
         helper.kill();
@@ -103,47 +115,49 @@ void tst_KillDuringSave::hiveIsOldOrNewNeverTorn()
             qPrintable(QStringLiteral("the helper ended by itself with %1: %2")
                            .arg(helper.exitCode())
                            .arg(QString::fromLocal8Bit(helper.readAllStandardError()))));
-        const Progress progress = progressOf(helper.readAllStandardOutput());
-        if (progress.saving > progress.committed)
-            ++killedWhileSaving;
+        const auto progress = progressOf(helper.readAllStandardOutput());
 
-        if (!QFile::exists(file)) {
-            QCOMPARE(progress.committed, -1);
-            continue;
+        for (Watched &file : files) {
+            const Progress done = progress.value(file.kind.word);
+            if (done.saving > done.committed)
+                ++file.killedWhileSaving;
+            if (!QFile::exists(file.path)) {
+                QCOMPARE(done.committed, -1);
+                continue;
+            }
+            QFile bytes(file.path);
+            QVERIFY(bytes.open(QIODevice::ReadOnly));
+            const QByteArray found = bytes.readAll();
+            // Most kills leave a file as it was; only a changed file needs reading.
+            int generation = file.onDisk;
+            if (found != file.expected) {
+                const std::optional<int> read = SaveHelperFiles::generationIn(file.kind, file.path);
+                QVERIFY2(read, qPrintable(file.path + QStringLiteral(" does not read back")));
+                generation = *read;
+                file.expected = SaveHelperFiles::expectedBytes(file.kind, generation);
+                QCOMPARE(found, file.expected);
+                ++file.newerFound;
+            }
+            // The last save put in place, or the one the kill interrupted just after its rename.
+            const int lastWhole = done.committed >= 0 ? done.committed : file.onDisk;
+            QVERIFY2(generation == lastWhole || generation == done.saving,
+                qPrintable(QStringLiteral("trial %1: %2 holds %3, last save %4, saving %5")
+                               .arg(trial)
+                               .arg(QString::fromLatin1(file.kind.word))
+                               .arg(generation)
+                               .arg(lastWhole)
+                               .arg(done.saving)));
+            file.onDisk = generation;
         }
-        QFile bytes(file);
-        QVERIFY(bytes.open(QIODevice::ReadOnly));
-        const QByteArray found = bytes.readAll();
-        // Most kills leave the file as it was; only a changed file needs reading.
-        int generation = expectedGeneration;
-        if (found != expected) {
-            HiveFile hive(file, true);
-            QVERIFY(!hive.damaged());
-            generation = hive.value(SaveHelperHive::SettingsKey, SaveHelperHive::GenerationName)
-                             .value_or(QString())
-                             .toInt();
-            expected = expectedFile(generation);
-            expectedGeneration = generation;
-            QCOMPARE(found, expected);
-        }
-        // The last save put in place, or the one the kill interrupted just after its rename.
-        const int lastWhole = progress.committed >= 0 ? progress.committed : onDisk;
-        QVERIFY2(generation == lastWhole || generation == progress.saving,
-            qPrintable(QStringLiteral("trial %1: file holds %2, last save %3, saving %4")
-                           .arg(trial)
-                           .arg(generation)
-                           .arg(lastWhole)
-                           .arg(progress.saving)));
-        if (generation != onDisk)
-            ++newFileFound;
-        onDisk = generation;
     }
-    qInfo("kills within %d us of the start", killWindow);
-    qInfo("200 kills in %lld ms: %d while saving, %d found a newer file, last generation %d",
-        clock.elapsed(), killedWhileSaving, newFileFound, onDisk);
-    // The kills must have hit saves, or the test proved nothing.
-    QVERIFY(killedWhileSaving > 20);
-    QVERIFY(newFileFound > 10);
+    qInfo("200 kills within %d us of the start, in %lld ms", killWindow, clock.elapsed());
+    for (const Watched &file : std::as_const(files)) {
+        qInfo("%s: %d kills while saving, %d times a newer file, last generation %d",
+            file.kind.word, file.killedWhileSaving, file.newerFound, file.onDisk);
+        // The kills must have hit saves, or the test proved nothing.
+        QVERIFY(file.killedWhileSaving > 10);
+        QVERIFY(file.newerFound > 10);
+    }
 }
 
 QTEST_GUILESS_MAIN(tst_KillDuringSave)
