@@ -10,12 +10,10 @@ set(MENSURA_APP_ID "io.github.mensura.Mensura")
 # The date of this version's release, written into the metainfo with the project's version.
 set(MENSURA_RELEASE_DATE "2026-11-22")
 
+# mensura-cli installs itself (src/cli).
 install(TARGETS mensura
     RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR}
     BUNDLE DESTINATION .)
-if(TARGET mensura-cli)
-    install(TARGETS mensura-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
-endif()
 
 set(resources ${PROJECT_SOURCE_DIR}/resources)
 install(FILES ${resources}/mensura.desktop
