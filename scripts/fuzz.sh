@@ -22,13 +22,19 @@ if [ ${#targets[@]} -eq 0 ]; then
 fi
 mkdir -p "$build_dir/artifacts"
 failed=()
+ran=0
 for target in "${targets[@]}"; do
+    if [ ! -x "$build_dir/fuzz/$target" ]; then
+        echo "== $target is not built here (its module is not in this tree)"
+        continue
+    fi
     corpus="$build_dir/corpus/$target"
     mkdir -p "$corpus"
     options=(-max_total_time="$seconds" -timeout=10 -rss_limit_mb=2048 -print_final_stats=1
         -artifact_prefix="$build_dir/artifacts/$target-")
     [ -f "fuzz/dict/$target.dict" ] && options+=(-dict="fuzz/dict/$target.dict")
     echo "== $target for ${seconds}s"
+    ran=$((ran + 1))
     if ! "$build_dir/fuzz/$target" "${options[@]}" "$corpus" "fuzz/corpus/$target" \
         >"$build_dir/$target.log" 2>&1; then
         failed+=("$target")
@@ -40,4 +46,4 @@ if [ ${#failed[@]} -ne 0 ]; then
     echo "fuzzing found problems in: ${failed[*]} (inputs in $build_dir/artifacts)"
     exit 1
 fi
-echo "fuzzing: ${#targets[@]} passed, 0 failed"
+echo "fuzzing: $ran passed, 0 failed"
