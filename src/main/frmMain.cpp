@@ -695,7 +695,8 @@ void frmMain::showInSavedState()
         try {
             return NumberText::toInt32(stored);
         } catch (RuntimeError &error) {
-            error.detail = QStringLiteral("\"%1\" is stored for \"%2\"").arg(stored, name);
+            error.detail = text(MainText::SettingNotANumber)
+                               .arg(name, stored, QString::number(defaultValue));
             m_dialogs.message(this, Notice { Notice::NoIcon, error.messageText(), QString() });
             return defaultValue;
         }
