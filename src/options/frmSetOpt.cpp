@@ -926,15 +926,18 @@ void frmSetOpt::optOnOff_Click(int index)
 
 void frmSetOpt::cmdExpandAll_Click()
 {
-    // The caption holds the state.
+    // The caption holds the state. Units have no children, so expanding every node expands
+    // exactly the quantities, in one pass over the tree.
     const bool expand = cmdExpandAll->text() == text(StringId::ExpandAll);
-    QTreeWidgetItem *root = treeMain->topLevelItem(0);
-    for (int i = 0; root && i < root->childCount(); ++i)
-        if (CatalogueEditor::kindOfKey(root->child(i)->data(0, KeyRole).toString())
-            == CatalogueEditor::NodeKind::Quantity)
-            root->child(i)->setExpanded(expand);
+    if (expand) {
+        treeMain->expandAll();
+    } else {
+        treeMain->collapseAll();
+        if (QTreeWidgetItem *root = treeMain->topLevelItem(0))
+            root->setExpanded(true);
+    }
     cmdExpandAll->setText(text(expand ? StringId::CollapseAll : StringId::ExpandAll));
-    if (root)
+    if (QTreeWidgetItem *root = treeMain->topLevelItem(0))
         treeMain->scrollToItem(root);
 }
 
@@ -960,7 +963,7 @@ void frmSetOpt::cmdAddNewPhysQuan_Click()
     }
     QTreeWidgetItem *quantityNode = addQuantityNode(added.quantity);
     QTreeWidgetItem *unitNode = addUnitNode(quantityNode, added.quantity, added.unit);
-    treeMain->sortItems(0, Qt::AscendingOrder);
+    treeMain->topLevelItem(0)->sortChildren(0, Qt::AscendingOrder);
     selectNode(unitNode);
     UpdateProperties();
 }
@@ -1005,7 +1008,7 @@ void frmSetOpt::cmdAddNewUnit_Click()
         return;
     }
     QTreeWidgetItem *unitNode = addUnitNode(quantityNode, q, added.unit);
-    treeMain->sortItems(0, Qt::AscendingOrder);
+    quantityNode->sortChildren(0, Qt::AscendingOrder);
     selectNode(unitNode);
     UpdateProperties();
 }
@@ -1051,7 +1054,7 @@ void frmSetOpt::cmdRemoveUnit_Click()
             delete quantityNode->takeChild(i);
     for (int k = j; k <= m_editor.quantity(q).UnitCount; ++k)
         addUnitNode(quantityNode, q, k);
-    treeMain->sortItems(0, Qt::AscendingOrder);
+    quantityNode->sortChildren(0, Qt::AscendingOrder);
     selectNode(quantityNode);
     UpdateProperties();
 }

@@ -773,6 +773,10 @@ void tst_frmSetOpt::theUsersRoad()
     control<QPushButton>("cmdAddNewUnit")->click();
     control<QTreeWidget>("treeMain")->setCurrentItem(node(QStringLiteral("u%1 2").arg(t)));
     control<QRadioButton>("optOnOff_1")->click();
+    const int other = t == 1 ? 2 : 1; // a built-in quantity switched off as a whole
+    control<QTreeWidget>("treeMain")
+        ->setCurrentItem(node(u'p' + m_catalogue.Quantities[other].Name));
+    control<QRadioButton>("optOnOff_1")->click();
     control<QPushButton>("cmdOK")->click();
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
     QCOMPARE(m_hive->flushes, 1); // catalogue and settings in one save
@@ -791,6 +795,8 @@ void tst_frmSetOpt::theUsersRoad()
             { QStringLiteral("widget"), QStringLiteral("gadget"), QStringLiteral("sprocket") }));
     QVERIFY(!restarted.enabledUnitNames(t).contains(switchedOff));
     QCOMPARE(restarted.enabledUnitNames(t).size(), m_catalogue.Quantities[t].UnitCount - 1);
+    QCOMPARE(restarted.Quantities[other].OnOff, 0);
+    QCOMPARE(restarted.enabledUnitNames(other).size(), m_catalogue.Quantities[other].UnitCount);
 
     restarted.CurrentQuantity = q;
     Session session;
