@@ -484,6 +484,7 @@ void tst_frmSetOpt::treeShowsTheCatalogue()
     QCOMPARE(
         quantity->data(0, frmSetOpt::IconKeyRole).toString(), QStringLiteral("enablephysquan"));
     QCOMPARE(quantity->childCount(), m_catalogue.Quantities[t].UnitCount);
+    QVERIFY(!quantity->icon(0).pixmap(16, 16).isNull()); // the picture is there and can be drawn
     for (int j = 1; j <= m_catalogue.Quantities[t].UnitCount; ++j) {
         QTreeWidgetItem *unit = node(QStringLiteral("u%1 %2").arg(t).arg(j));
         QVERIFY(unit);
