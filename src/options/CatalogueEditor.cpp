@@ -92,9 +92,12 @@ CatalogueEditor::CatalogueEditor(const Catalogue &live, Session &session)
     : m_work(live)
     , m_session(session)
 {
-    for (int q = 1; q <= m_work.QuantityCount; ++q)
+    m_origins.append(0);
+    for (int q = 1; q <= m_work.QuantityCount; ++q) {
         if (m_work.Quantities[q].Custom == 1)
             repairDefaultUnit(q);
+        m_origins.append(q);
+    }
     resetNodeKeys();
 }
 
@@ -341,6 +344,7 @@ CatalogueEditor::Added CatalogueEditor::addQuantity(const QString &name, const Q
     u.Custom = 1;
     u.Exact = 1;
     m_nodeKeys.append(quantityKey(name));
+    m_origins.append(0);
     changed();
     added.quantity = q;
     added.unit = 1;
@@ -421,6 +425,7 @@ void CatalogueEditor::removeQuantity(int q)
     m_work.Quantities.remove(q);
     m_work.Units.remove(q);
     m_nodeKeys.remove(q);
+    m_origins.remove(q);
     --m_work.QuantityCount;
     if (m_work.CurrentQuantity > m_work.QuantityCount)
         m_work.CurrentQuantity = 0;
@@ -497,9 +502,13 @@ void CatalogueEditor::commitToStore(SettingsStore &store, const Session &session
 
 void CatalogueEditor::applyTo(Catalogue &live) const
 {
+    // The current quantity by where it went: renamed or moved down by a removal, it is still
+    // the same quantity; removed, there is none.
     const int current = live.CurrentQuantity;
     live.QuantityCount = m_work.QuantityCount;
     live.Quantities = m_work.Quantities;
     live.Units = m_work.Units;
-    live.CurrentQuantity = current <= live.QuantityCount ? current : 0;
+    live.CurrentQuantity = current > 0 ? int(m_origins.indexOf(current)) : 0;
+    if (live.CurrentQuantity < 0)
+        live.CurrentQuantity = 0;
 }

@@ -151,8 +151,8 @@ public:
     // were shown. The caller writes its settings afterwards, inside its own batch, so that the
     // store is saved once.
     void commitToStore(SettingsStore &store, const Session &session) const;
-    // Replaces the program's catalogue by the working copy (the current quantity is kept when
-    // it still exists).
+    // Replaces the program's catalogue by the working copy. The current quantity stays the same
+    // quantity, under its new number (0 when it was removed).
     void applyTo(Catalogue &live) const;
 
 private:
@@ -165,4 +165,5 @@ private:
     Catalogue m_work;
     Session &m_session;
     QStringList m_nodeKeys; // m_nodeKeys[q], index 0 unused
+    QVector<int> m_origins; // m_origins[q]: its number in the catalogue copied, 0 when added
 };

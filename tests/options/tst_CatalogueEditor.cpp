@@ -664,20 +664,21 @@ void tst_CatalogueEditor::applyReplacesTheLiveCatalogue()
     m_catalogue.CurrentQuantity = m_rays;
     CatalogueEditor editor(m_catalogue, m_session);
     editor.removeQuantity(m_widgets);
+    editor.renameQuantity(m_widgets, QStringLiteral("Beams")); // Rays, moved down one
     editor.addUnit(m_length, QStringLiteral("rod"), QStringLiteral("5.0292"));
     Catalogue live = m_catalogue;
     editor.applyTo(live);
     QCOMPARE(live.QuantityCount, m_catalogue.QuantityCount - 1);
-    QCOMPARE(live.Quantities[m_widgets].Name, QStringLiteral("Rays"));
+    QCOMPARE(live.Quantities[m_widgets].Name, QStringLiteral("Beams"));
     QCOMPARE(live.Quantities[m_length].UnitCount, 3);
     QCOMPARE(live.Units[m_length][3].Name, QStringLiteral("rod"));
     QCOMPARE(live.enabledUnitNames(m_length).size(), 3);
-    QCOMPARE(live.CurrentQuantity, m_rays); // the index is the main window's to settle again
+    QCOMPARE(live.CurrentQuantity, m_widgets); // still the quantity that was current
 
-    m_catalogue.CurrentQuantity = m_empty;
-    Catalogue shrunk = m_catalogue;
-    editor.applyTo(shrunk);
-    QCOMPARE(shrunk.CurrentQuantity, 0);
+    m_catalogue.CurrentQuantity = m_widgets;
+    Catalogue removed = m_catalogue;
+    editor.applyTo(removed);
+    QCOMPARE(removed.CurrentQuantity, 0);
 }
 
 QTEST_GUILESS_MAIN(tst_CatalogueEditor)
