@@ -5,8 +5,6 @@
 // questions answered from a script, the settings checked in the hive file afterwards. Until the
 // built-in catalogue data is in the string table, the tree is tried on Temperature and on the
 // user's own quantities, and names are read from the loaded catalogue.
-#include "ScriptedAnswers.h"
-
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "convert/ConversionEngine.h"
@@ -17,6 +15,8 @@
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
+#include "support/GuiTestMain.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -109,6 +109,10 @@ private:
         return found;
     }
     QTreeWidgetItem *node(const QString &key) const;
+    // What the dialog asked of the user, by kind.
+    QList<ScriptedDialogs::Asked> asked(ScriptedDialogs::Kind kind) const;
+    QList<Notice> notices(ScriptedDialogs::Kind kind) const;
+    void answerInputs(const QStringList &answers);
     QStringList childKeys(QTreeWidgetItem *parent) const;
     QString currentKey() const;
     void leave(QLineEdit *box, const QString &typed);
@@ -121,7 +125,7 @@ private:
     Catalogue m_catalogue;
     Settings m_settings;
     Session m_session;
-    ScriptedAnswers m_answers;
+    ScriptedDialogs m_answers;
     std::unique_ptr<frmSetOpt> m_dialog;
 };
 
@@ -144,18 +148,21 @@ void tst_frmSetOpt::init()
     m_settings.LoadSigFigs(*m_store);
     m_store->close();
     m_session = Session();
-    m_answers = ScriptedAnswers();
+    m_answers.clear();
+    m_answers.allowMessages(true); // recorded, and checked where they matter
 }
 
 void tst_frmSetOpt::cleanup()
 {
     m_dialog.reset();
-    QCOMPARE(m_answers.unexpected, 0);
+    QVERIFY(m_answers.scriptDone());
 }
 
 frmSetOpt *tst_frmSetOpt::open()
 {
     m_dialog = std::make_unique<frmSetOpt>(m_catalogue, m_settings, m_session, *m_store, m_answers);
+    // Shown, not run with exec(): a modal window would block the test (and alarm the watchdog).
+    m_dialog->setModal(false);
     m_dialog->show();
     QApplication::setActiveWindow(m_dialog.get());
     if (!QTest::qWaitForWindowActive(m_dialog.get()))
@@ -182,6 +189,29 @@ QTreeWidgetItem *tst_frmSetOpt::node(const QString &key) const
             pending.append(item->child(i));
     }
     return nullptr;
+}
+
+QList<ScriptedDialogs::Asked> tst_frmSetOpt::asked(ScriptedDialogs::Kind kind) const
+{
+    QList<ScriptedDialogs::Asked> list;
+    for (const auto &one : m_answers.asked())
+        if (one.kind == kind)
+            list.append(one);
+    return list;
+}
+
+QList<Notice> tst_frmSetOpt::notices(ScriptedDialogs::Kind kind) const
+{
+    QList<Notice> list;
+    for (const auto &one : asked(kind))
+        list.append(one.notice);
+    return list;
+}
+
+void tst_frmSetOpt::answerInputs(const QStringList &answers)
+{
+    for (const QString &answer : answers)
+        m_answers.answerInput(answer);
 }
 
 QStringList tst_frmSetOpt::childKeys(QTreeWidgetItem *parent) const
@@ -319,9 +349,9 @@ void tst_frmSetOpt::thresholds()
     auto *edit = control<QLineEdit>(box.toLatin1().constData());
     leave(edit, typed);
     QCOMPARE(edit->text(), shown);
-    QCOMPARE(m_answers.messages.size(), message ? 1 : 0);
+    QCOMPARE(notices(ScriptedDialogs::Message).size(), message ? 1 : 0);
     if (message)
-        QCOMPARE(m_answers.messages.first().text, text(message));
+        QCOMPARE(notices(ScriptedDialogs::Message).first().text, text(message));
 
     control<QPushButton>("cmdOK")->click();
     QCOMPARE(m_dialog->result(), int(QDialog::Accepted));
@@ -338,7 +368,7 @@ void tst_frmSetOpt::thresholdIsCheckedOnOk()
     max->setText(QStringLiteral("5e9")); // typed, then Enter: the box was never left
     control<QPushButton>("cmdOK")->click();
     QVERIFY(m_dialog->isVisible());
-    QCOMPARE(m_answers.messages.size(), 1);
+    QCOMPARE(notices(ScriptedDialogs::Message).size(), 1);
     QCOMPARE(max->text(), QStringLiteral("1e+9"));
     QVERIFY(fileBytes().isEmpty() || !fileBytes().contains("maxnumber"));
     control<QPushButton>("cmdOK")->click();
@@ -360,9 +390,10 @@ void tst_frmSetOpt::shellProgram()
     QVERIFY(!control<QRadioButton>("optCalcSci_0")->isEnabled());
     QVERIFY(!control<QRadioButton>("optCalcSci_1")->isEnabled());
 
-    m_answers.files = { QStringLiteral("/opt/tools/my calc"), QString() };
+    m_answers.answerOpenFile(QStringLiteral("/opt/tools/my calc"));
+    m_answers.answerOpenFile(QString());
     choose->click();
-    QCOMPARE(m_answers.filters.first(), QStringLiteral("All Files (*)"));
+    QCOMPARE(asked(ScriptedDialogs::OpenFile).first().filter, QStringLiteral("All Files (*)"));
     QCOMPARE(m_settings.ShellProgram, QStringLiteral("/opt/tools/my calc")); // in use at once
     QCOMPARE(control<QLabel>("lblShellProgram")->text(), QStringLiteral(" /opt/tools/my calc"));
     choose->click(); // cancelled: the path stays
@@ -522,10 +553,13 @@ void tst_frmSetOpt::addAndRemoveThroughTheTree()
 {
     open();
     const int q = m_catalogue.QuantityCount + 1;
-    m_answers.inputs = { QStringLiteral("Widgets"), QStringLiteral("widget") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
-    QCOMPARE(m_answers.titles, QStringList({ text(5211), text(5214) }));
-    QCOMPARE(m_answers.defaults.first(), text(5212));
+    const auto boxes = asked(ScriptedDialogs::Input);
+    QCOMPARE(boxes.size(), 2);
+    QCOMPARE(boxes.at(0).title, text(5211));
+    QCOMPARE(boxes.at(0).defaultText, text(5212));
+    QCOMPARE(boxes.at(1).title, text(5214));
     QTreeWidgetItem *quantity = node(QStringLiteral("pWidgets"));
     QVERIFY(quantity);
     QCOMPARE(
@@ -538,17 +572,17 @@ void tst_frmSetOpt::addAndRemoveThroughTheTree()
     QVERIFY(!control<QLineEdit>("txtConvFactor")->isEnabled());
     QVERIFY(m_session.CatalogueChanged);
 
-    m_answers.inputs = { QStringLiteral("gadget"), QStringLiteral("2.5"),
-        QStringLiteral("sprocket"), QStringLiteral("0.35") };
-    m_answers.prompts.clear();
-    m_answers.defaults.clear();
+    m_answers.clear();
+    answerInputs({ QStringLiteral("gadget"), QStringLiteral("2.5"), QStringLiteral("sprocket"),
+        QStringLiteral("0.35") });
     control<QPushButton>("cmdAddNewUnit")->click(); // from the selected unit: its quantity
     control<QPushButton>("cmdAddNewUnit")->click();
-    QCOMPARE(m_answers.prompts.at(0), text(5221) + "Widgets" + text(5229) + "\n\n" + text(5222));
-    QCOMPARE(m_answers.prompts.at(1),
+    QCOMPARE(asked(ScriptedDialogs::Input).at(0).prompt,
+        text(5221) + "Widgets" + text(5229) + "\n\n" + text(5222));
+    QCOMPARE(asked(ScriptedDialogs::Input).at(1).prompt,
         text(5230) + "gadget" + text(5231) + "widget" + text(5229) + "\n\n" + text(5232) + "widget"
             + text(5233));
-    QCOMPARE(m_answers.defaults.at(1), QStringLiteral("1"));
+    QCOMPARE(asked(ScriptedDialogs::Input).at(1).defaultText, QStringLiteral("1"));
     QCOMPARE(childKeys(quantity),
         QStringList({ QStringLiteral("u%1 1").arg(q), QStringLiteral("u%1 2").arg(q),
             QStringLiteral("u%1 3").arg(q) }));
@@ -560,20 +594,21 @@ void tst_frmSetOpt::addAndRemoveThroughTheTree()
 
     // Removing the second of three units renumbers the third; its quantity is selected after.
     control<QTreeWidget>("treeMain")->setCurrentItem(node(QStringLiteral("u%1 2").arg(q)));
-    m_answers.answers = { Dialogs::No, Dialogs::Yes };
+    m_answers.answerQuestion(Dialogs::No);
+    m_answers.answerQuestion(Dialogs::Yes);
     control<QPushButton>("cmdRemoveUnit")->click();
     QCOMPARE(quantity->childCount(), 3);
     control<QPushButton>("cmdRemoveUnit")->click();
-    QCOMPARE(m_answers.questions.last().text, text(5241) + "gadget" + text(5242));
-    QCOMPARE(m_answers.questions.last().icon, Notice::Critical);
+    QCOMPARE(notices(ScriptedDialogs::Question).last().text, text(5241) + "gadget" + text(5242));
+    QCOMPARE(notices(ScriptedDialogs::Question).last().icon, Notice::Critical);
     QCOMPARE(childKeys(quantity),
         QStringList({ QStringLiteral("u%1 1").arg(q), QStringLiteral("u%1 2").arg(q) }));
     QCOMPARE(node(QStringLiteral("u%1 2").arg(q))->text(0), QStringLiteral("sprocket"));
     QCOMPARE(currentKey(), QStringLiteral("pWidgets"));
 
-    m_answers.answers = { Dialogs::Yes };
+    m_answers.answerQuestion(Dialogs::Yes);
     control<QPushButton>("cmdRemovePhysQuan")->click();
-    QCOMPARE(m_answers.questions.last().text, text(5240) + "Widgets" + text(5242));
+    QCOMPARE(notices(ScriptedDialogs::Question).last().text, text(5240) + "Widgets" + text(5242));
     QVERIFY(!node(QStringLiteral("pWidgets")));
     QCOMPARE(currentKey(), QStringLiteral("root"));
     QCOMPARE(m_dialog->editor().quantityCount(), m_catalogue.QuantityCount);
@@ -582,28 +617,28 @@ void tst_frmSetOpt::addAndRemoveThroughTheTree()
 void tst_frmSetOpt::unitRefusals()
 {
     open();
-    m_answers.inputs = { QStringLiteral("Widgets"), QStringLiteral("widget") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
     auto *add = control<QPushButton>("cmdAddNewUnit");
 
-    m_answers.inputs = { QStringLiteral("widget") };
+    answerInputs({ QStringLiteral("widget") });
     add->click();
-    QCOMPARE(m_answers.messages.last().text, text(5224) + "widget" + text(5225));
-    m_answers.inputs = { QStringLiteral("nothing"), QStringLiteral("0") };
+    QCOMPARE(notices(ScriptedDialogs::Message).last().text, text(5224) + "widget" + text(5225));
+    answerInputs({ QStringLiteral("nothing"), QStringLiteral("0") });
     add->click();
-    QCOMPARE(m_answers.messages.last().text, text(5255));
-    m_answers.inputs = { QString() }; // an empty name ends silently
+    QCOMPARE(notices(ScriptedDialogs::Message).last().text, text(5255));
+    answerInputs({ QString() }); // an empty name ends silently
     add->click();
-    QCOMPARE(m_answers.messages.size(), 2);
+    QCOMPARE(notices(ScriptedDialogs::Message).size(), 2);
 
     for (int j = 2; j <= Catalogue::MaxUnits; ++j) {
-        m_answers.inputs = { QStringLiteral("unit %1").arg(j), QStringLiteral("2") };
+        answerInputs({ QStringLiteral("unit %1").arg(j), QStringLiteral("2") });
         add->click();
     }
     QCOMPARE(m_dialog->editor().quantity(m_catalogue.QuantityCount + 1).UnitCount, 55);
     add->click();
-    QCOMPARE(m_answers.messages.last().text, text(5220));
-    QCOMPARE(m_answers.messages.size(), 3);
+    QCOMPARE(notices(ScriptedDialogs::Message).last().text, text(5220));
+    QCOMPARE(notices(ScriptedDialogs::Message).size(), 3);
 }
 
 void tst_frmSetOpt::enablingAndDisablingKeepsTheDefaultIcon()
@@ -635,7 +670,7 @@ void tst_frmSetOpt::enablingAndDisablingKeepsTheDefaultIcon()
 void tst_frmSetOpt::renamedQuantityKeepsItsKey()
 {
     open();
-    m_answers.inputs = { QStringLiteral("Widgets"), QStringLiteral("widget") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
     QTreeWidgetItem *quantity = node(QStringLiteral("pWidgets"));
     control<QTreeWidget>("treeMain")->setCurrentItem(quantity);
@@ -647,9 +682,9 @@ void tst_frmSetOpt::renamedQuantityKeepsItsKey()
     QCOMPARE(quantity->text(0), QStringLiteral("Gizmos"));
     QCOMPARE(quantity->data(0, frmSetOpt::KeyRole).toString(), QStringLiteral("pWidgets"));
 
-    m_answers.inputs = { QStringLiteral("Widgets") };
+    answerInputs({ QStringLiteral("Widgets") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
-    QCOMPARE(m_answers.messages.last().text, text(5215) + u'\n' + text(5216));
+    QCOMPARE(notices(ScriptedDialogs::Message).last().text, text(5215) + u'\n' + text(5216));
 
     // Stored under the name it has now.
     control<QPushButton>("cmdOK")->click();
@@ -678,8 +713,8 @@ void tst_frmSetOpt::problemsKeepTheDialogOpen()
     QFETCH(QString, message);
     open();
     const int q = m_catalogue.QuantityCount + 1;
-    m_answers.inputs = { QStringLiteral("Widgets"), QStringLiteral("widget"),
-        QStringLiteral("gadget"), QStringLiteral("2.5") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget"), QStringLiteral("gadget"),
+        QStringLiteral("2.5") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
     control<QPushButton>("cmdAddNewUnit")->click();
     auto *edit = control<QLineEdit>(box.toLatin1().constData());
@@ -694,7 +729,7 @@ void tst_frmSetOpt::problemsKeepTheDialogOpen()
 
     control<QPushButton>("cmdOK")->click();
     QVERIFY(m_dialog->isVisible());
-    QCOMPARE(m_answers.messages.last().text, message);
+    QCOMPARE(notices(ScriptedDialogs::Message).last().text, message);
     QCOMPARE(currentKey(), QStringLiteral("u%1 2").arg(q)); // the unit at fault is shown
     QCOMPARE(fileBytes(), before);
     QCOMPARE(m_catalogue.findQuantity(QStringLiteral("Widgets")), 0);
@@ -706,7 +741,7 @@ void tst_frmSetOpt::cancelLeavesEverythingAsItWas()
     open();
     const QByteArray before = fileBytes();
     const Catalogue catalogueBefore = m_catalogue;
-    m_answers.inputs = { QStringLiteral("Widgets"), QStringLiteral("widget") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
     control<QTreeWidget>("treeMain")->setCurrentItem(node(QStringLiteral("u%1 2").arg(t)));
     control<QRadioButton>("optOnOff_1")->click();
@@ -766,9 +801,8 @@ void tst_frmSetOpt::theUsersRoad()
     const QString switchedOff = m_catalogue.Units[t][2].Name;
     m_session.TrayHintShown = true;
     open();
-    m_answers.inputs
-        = { QStringLiteral("Widgets"), QStringLiteral("widget"), QStringLiteral("gadget"),
-              QStringLiteral("2.5"), QStringLiteral("sprocket"), QStringLiteral("0.35") };
+    answerInputs({ QStringLiteral("Widgets"), QStringLiteral("widget"), QStringLiteral("gadget"),
+        QStringLiteral("2.5"), QStringLiteral("sprocket"), QStringLiteral("0.35") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();
     control<QPushButton>("cmdAddNewUnit")->click();
     control<QPushButton>("cmdAddNewUnit")->click();
@@ -826,5 +860,5 @@ void tst_frmSetOpt::theUsersRoad()
     QVERIFY(divided.text.isEmpty());
 }
 
-QTEST_MAIN(tst_frmSetOpt)
+MENSURA_GUI_TEST_MAIN(tst_frmSetOpt)
 #include "tst_frmSetOpt.moc"
