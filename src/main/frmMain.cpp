@@ -13,6 +13,7 @@
 #include "main/StatusPanel.h"
 #include "main/ValueEdit.h"
 #include "main/WindowPlacement.h"
+#include "options/frmSetOpt.h"
 #include "shell/Dialogs.h"
 #include "shell/HiveFile.h"
 #include "shell/Session.h"
@@ -1267,7 +1268,22 @@ void frmMain::mnuviewSIUnits_Click() { }
 void frmMain::mnuviewcalc_Click() { }
 void frmMain::mnuRecordsView_Click() { }
 void frmMain::mnuRecordsFind_Click() { }
-void frmMain::mnufilesetopt_Click() { }
+void frmMain::mnufilesetopt_Click()
+{
+    // Modal: the window gives up being on top while the dialog is open.
+    const bool onTop = mnualwaystoponoff[0]->isChecked();
+    if (onTop)
+        setTopmost(false);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    frmSetOpt dialog(m_catalogue, m_settings, m_session, m_store, m_dialogs, this);
+    connect(&dialog, &frmSetOpt::helpRequested, this, &frmMain::helpRequested);
+    QApplication::restoreOverrideCursor();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    if (onTop)
+        setTopmost(true);
+    if (accepted)
+        optionsChanged();
+}
 void frmMain::mnuhelphelp_Click() { }
 void frmMain::mnuHelpWebMensura_Click() { }
 void frmMain::mnuHelpWebGeneralInfo_Click() { }
