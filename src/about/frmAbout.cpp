@@ -23,6 +23,7 @@
 namespace
 {
 constexpr int ProductNameId = 9; // "Mensura 98"
+constexpr int NoticeId = 89; // "(Mensura - unit conversions following ...)"
 constexpr int HomePageId = 19; // the home page's address
 constexpr int EasterId = 265; // "Congratulations! You've found the Mensura easter egg!"
 constexpr int DedicationId = 374;
@@ -94,6 +95,8 @@ void frmAbout::createControls()
     lblVersion = label(Frame1, "lblVersion");
     lblVersion->installEventFilter(this);
     lblCopyright = label(Frame1, "lblCopyright");
+    lblNotice = label(Frame1, "lblNotice");
+    lblNotice->setWordWrap(true);
     lblHomePageCaption = label(Frame1, "lblHomePageCaption");
     lblHomePage = label(Frame1, "lblHomePage");
     lblemailCaption = label(Frame1, "lblemailCaption");
@@ -119,6 +122,8 @@ void frmAbout::createControls()
     frameLayout->addWidget(lblProductName);
     frameLayout->addWidget(lblVersion);
     frameLayout->addWidget(lblCopyright);
+    frameLayout->addSpacing(8);
+    frameLayout->addWidget(lblNotice);
     frameLayout->addLayout(links);
     frameLayout->addStretch();
 
@@ -167,7 +172,7 @@ void frmAbout::createControls()
     layout->addLayout(buttons);
 
     // One size for all three faces, so that the window does not jump when they change.
-    setFixedSize(560, 420);
+    setFixedSize(540, 400);
 }
 
 void frmAbout::setTexts()
@@ -176,6 +181,7 @@ void frmAbout::setTexts()
     lblProductName->setText(StringTable::text(ProductNameId));
     lblVersion->setText(StringTable::text(VersionId).arg(QStringLiteral(MENSURA_VERSION)));
     lblCopyright->setText(StringTable::text(CopyrightId));
+    lblNotice->setText(StringTable::text(NoticeId));
     lblHomePageCaption->setText(StringTable::text(HomePageCaptionId));
     lblHomePage->setText(linkText(StringTable::text(HomePageId)));
     lblemailCaption->setText(StringTable::text(EmailCaptionId));

@@ -47,6 +47,7 @@ private:
     QLabel *lblProductName = nullptr;
     QLabel *lblVersion = nullptr;
     QLabel *lblCopyright = nullptr;
+    QLabel *lblNotice = nullptr;
     QLabel *lblHomePageCaption = nullptr;
     QLabel *lblHomePage = nullptr;
     QLabel *lblemailCaption = nullptr;

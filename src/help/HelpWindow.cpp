@@ -40,7 +40,7 @@ constexpr int TopicNameId = 5693;
 constexpr int CloseFindId = 5694;
 
 // The help window's size when it first opens, in pixels at the normal scale.
-constexpr int DefaultWidth = 600;
+constexpr int DefaultWidth = 680;
 constexpr int DefaultHeight = 640;
 
 QToolButton *toolButton(QWidget *parent, const char *name, QStyle::StandardPixmap icon)
@@ -86,6 +86,7 @@ void HelpWindow::createControls()
     txtTopic->setObjectName(QStringLiteral("txtTopic"));
     // Web and mail links go to the desktop; links between topics stay here.
     txtTopic->setOpenExternalLinks(true);
+    txtTopic->document()->setDocumentMargin(10);
 
     fraFind = new QWidget(this);
     fraFind->setObjectName(QStringLiteral("fraFind"));
