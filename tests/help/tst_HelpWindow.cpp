@@ -7,12 +7,14 @@
 #include "help/HelpTopics.h"
 #include "help/HelpWindow.h"
 
+#include <QDesktopServices>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QSet>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextBrowser>
 #include <QToolButton>
 
@@ -42,6 +44,18 @@ QStringList topicFiles()
 }
 } // namespace
 
+// Catches what the window asks the desktop to open.
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    QList<QUrl> opened;
+
+public Q_SLOTS:
+    void open(const QUrl &url) { opened.append(url); }
+};
+
 class tst_HelpWindow : public QObject
 {
     Q_OBJECT
@@ -55,6 +69,7 @@ private Q_SLOTS:
     void contextWithoutTopicSaysSo();
     void everyLinkLeadsToATopicOrOutside_data();
     void everyLinkLeadsToATopicOrOutside();
+    void clickedLinksStayInsideOrGoToTheDesktop();
     void backAndForwardFollowTheTopicsShown();
     void findBarFindsInThePage();
     void standsBesideItsAnchor();
@@ -168,6 +183,48 @@ void tst_HelpWindow::everyLinkLeadsToATopicOrOutside()
             QVERIFY2(targetText.contains(anchor), qPrintable(href));
         }
     }
+}
+
+// Clicks the first link of the shown topic whose address starts with prefix.
+static bool clickLink(QTextBrowser *browser, const QString &prefix)
+{
+    for (QTextBlock block = browser->document()->begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            if (!fragment.charFormat().isAnchor()
+                || !fragment.charFormat().anchorHref().startsWith(prefix))
+                continue;
+            QTextCursor cursor(browser->document());
+            cursor.setPosition(fragment.position() + 1);
+            browser->ensureCursorVisible();
+            browser->setTextCursor(cursor);
+            browser->ensureCursorVisible();
+            const QPoint point = browser->cursorRect(cursor).center();
+            QTest::mouseClick(browser->viewport(), Qt::LeftButton, {}, point);
+            return true;
+        }
+    }
+    return false;
+}
+
+void tst_HelpWindow::clickedLinksStayInsideOrGoToTheDesktop()
+{
+    UrlCatcher catcher;
+    for (const char *scheme : { "http", "https", "mailto" })
+        QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), &catcher, "open");
+    m_help->showContents();
+    QVERIFY(QTest::qWaitForWindowExposed(m_help));
+
+    QVERIFY(clickLink(m_topic, QStringLiteral("https://physics.nist.gov")));
+    QCOMPARE(catcher.opened,
+        QList<QUrl> { QUrl(QStringLiteral("https://physics.nist.gov/cuu/Units/")) });
+    QCOMPARE(m_topic->source(), HelpTopics::contentsUrl());
+
+    QVERIFY(clickLink(m_topic, QStringLiteral("prefixes.html")));
+    QCOMPARE(m_topic->source(), HelpTopics::topicUrl(HelpTopics::MetricPrefixes));
+    QCOMPARE(catcher.opened.size(), 1);
+    for (const char *scheme : { "http", "https", "mailto" })
+        QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
 }
 
 void tst_HelpWindow::backAndForwardFollowTheTopicsShown()
