@@ -100,4 +100,8 @@ constexpr int CurrentFiguresEnd = 5602;
 constexpr int EqualSign = 5605;
 constexpr int StoreNotWritable = 5610;
 constexpr int SettingNotANumber = 5611;
+// Addresses without scheme, opened by the link rule
+constexpr int HomePageTarget = 19;
+constexpr int SIInfoTarget = 6;
+constexpr int MetricOverviewTarget = 44;
 } // namespace MainText

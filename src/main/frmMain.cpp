@@ -2,10 +2,16 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 #include "main/frmMain.h"
 
+#include "about/frmAbout.h"
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "convert/NumberFilter.h"
 #include "convert/NumberText.h"
+#include "find/frmFind.h"
+#include "help/HelpTopics.h"
+#include "help/HelpWindow.h"
+#include "help/Links.h"
+#include "help/ShellProgramRunner.h"
 #include "main/FiguresIndicator.h"
 #include "main/MainWindowHook.h"
 #include "main/MainWindowStrings.h"
@@ -523,6 +529,7 @@ void frmMain::setTexts()
 
 void frmMain::connectControls()
 {
+    connect(this, &frmMain::helpRequested, this, &frmMain::showHelp);
     // The result follows every change of the value and of either selection, however it is made
     // (typing, the history, the mouse, the keyboard, assistive technology, another window).
     connect(txtLeft, &QComboBox::editTextChanged, this, &frmMain::txtLeft_Change);
@@ -1262,12 +1269,37 @@ bool frmMain::isTopmost() const
 void frmMain::mnuFileLoad_Click() { }
 void frmMain::mnuFilePrintAllConvForItem_Click() { }
 void frmMain::mnuFileSaveAllConvForItem_Click() { }
-void frmMain::mnuviewphys_Click() { }
-void frmMain::mnuviewmetric_Click() { }
-void frmMain::mnuviewSIUnits_Click() { }
-void frmMain::mnuviewcalc_Click() { }
+void frmMain::mnuviewphys_Click()
+{
+    showHelp(HelpTopics::PhysicalConstants);
+}
+
+void frmMain::mnuviewmetric_Click()
+{
+    showHelp(HelpTopics::MetricPrefixes);
+}
+
+void frmMain::mnuviewSIUnits_Click()
+{
+    showHelp(HelpTopics::SIUnits);
+}
+
+void frmMain::mnuviewcalc_Click()
+{
+    // A program that cannot be started leads to the options, where another can be chosen.
+    if (!ShellProgramRunner::run(m_settings, m_store, m_dialogs, this))
+        mnufilesetopt_Click();
+}
 void frmMain::mnuRecordsView_Click() { }
-void frmMain::mnuRecordsFind_Click() { }
+void frmMain::mnuRecordsFind_Click()
+{
+    // The find dialog would sit behind a window kept on top: "Off" for good.
+    if (mnualwaystoponoff[0]->isChecked())
+        mnualwaystoponoff[1]->trigger();
+    frmFind dialog(m_catalogue, m_session, m_dialogs, *this, this);
+    connect(&dialog, &frmFind::helpRequested, this, &frmMain::showHelp);
+    dialog.exec();
+}
 void frmMain::mnufilesetopt_Click()
 {
     // Modal: the window gives up being on top while the dialog is open.
@@ -1284,11 +1316,48 @@ void frmMain::mnufilesetopt_Click()
     if (accepted)
         optionsChanged();
 }
-void frmMain::mnuhelphelp_Click() { }
-void frmMain::mnuHelpWebMensura_Click() { }
-void frmMain::mnuHelpWebGeneralInfo_Click() { }
-void frmMain::mnuHelpWebOverview_Click() { }
-void frmMain::mnuhelpabout_Click() { }
+void frmMain::mnuhelphelp_Click()
+{
+    showHelp(0);
+}
+
+void frmMain::mnuHelpWebMensura_Click()
+{
+    Links::open(StringTable::text(MainText::HomePageTarget));
+}
+
+void frmMain::mnuHelpWebGeneralInfo_Click()
+{
+    Links::open(StringTable::text(MainText::SIInfoTarget));
+}
+
+void frmMain::mnuHelpWebOverview_Click()
+{
+    Links::open(StringTable::text(MainText::MetricOverviewTarget));
+}
+
+void frmMain::mnuhelpabout_Click()
+{
+    // Modal: the window gives up being on top while the About window is open.
+    const bool onTop = mnualwaystoponoff[0]->isChecked();
+    if (onTop)
+        setTopmost(false);
+    frmAbout about(m_dialogs, this);
+    about.exec();
+    if (onTop)
+        setTopmost(true);
+}
+
+QWidget *frmMain::showHelp(int context)
+{
+    if (!m_helpWindow)
+        m_helpWindow = new HelpWindow(this);
+    if (context == 0)
+        m_helpWindow->showContents();
+    else
+        m_helpWindow->showContext(context);
+    return m_helpWindow;
+}
 
 // ---------------------------------------------------------------------------------------------
 // MainWindowControl

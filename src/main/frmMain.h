@@ -44,6 +44,8 @@ class ValueEdit;
 class QStatusBar;
 struct Session;
 
+class HelpWindow;
+
 class frmMain : public QMainWindow, public MainWindowControl
 {
     Q_OBJECT
@@ -99,6 +101,9 @@ public:
     void refreshResult() override;
     void focusValue() override;
     void markedCountChanged(int count) override;
+
+    // Opens the help window (made on first use) at a topic; context 0 opens the contents.
+    QWidget *showHelp(int context);
 
 signals:
     // The window has been closed for good; the session is saved.
@@ -210,6 +215,7 @@ private:
     SettingsStore &m_store;
     Dialogs &m_dialogs;
     ConversionEngine m_engine;
+    HelpWindow *m_helpWindow = nullptr;
 
     // Controls, named as their objectName (the status panels are StatusBarPanel1 .. 4, the
     // items of a menu item array mnueditedit_0, mnueditedit_1 and so on).

@@ -6,7 +6,6 @@
 #include "main/AppIcons.h"
 #include "main/frmMain.h"
 #include "shell/Dialogs.h"
-#include "shell/FirstRunHelp.h"
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 #include "shell/SingleInstance.h"
@@ -113,8 +112,7 @@ void Startup::openHelpOnFirstRun()
         return;
     m_store->RegWriteString(Settings::Section, StartOnce, QStringLiteral("1"));
     m_session.FirstRunHelpShown = true;
-    m_help = new FirstRunHelp(m_window.get());
-    m_help->show();
+    m_help = m_window->showHelp(0);
 }
 
 void Startup::connectSessionEnd()
