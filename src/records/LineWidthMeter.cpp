@@ -2,9 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 #include "records/LineWidthMeter.h"
 
-LineWidthMeter::LineWidthMeter(const QFont &font, int tabStop)
+LineWidthMeter::LineWidthMeter(const QFont &font)
     : m_metrics(font)
-    , m_tabStop(qMax(1, tabStop))
     , m_advances(0x10000, qint16(-1))
 {
 }
@@ -14,9 +13,7 @@ int LineWidthMeter::width(QStringView text) const
     int x = 0;
     for (qsizetype i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
-        if (c == u'\t') {
-            x = (x / m_tabStop + 1) * m_tabStop;
-        } else if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate()) {
             x += m_metrics.horizontalAdvance(text.mid(i, 2).toString());
             ++i;
         } else {

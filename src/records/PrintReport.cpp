@@ -41,18 +41,22 @@ QList<ReportLine> PrintReport::unitReport(const UnitReport &report)
     lines.append({ QString(), ReportLine::Body });
     int number = 0;
     for (const UnitReport::Line &line : report.lines) {
-        lines.append({ ConversionsFile::Indent + QString::number(++number)
-                + ConversionsFile::NumberEnd + line.toValue + QStringLiteral("  ") + line.toUnit,
-            ReportLine::Body });
+        const QString label = numberLabel(++number);
+        lines.append({ label + line.toValue + QStringLiteral("  ") + line.toUnit, ReportLine::Body,
+            int(label.size()) });
     }
     return lines;
 }
 
+QString PrintReport::numberLabel(int number)
+{
+    return ConversionsFile::Indent + QString::number(number) + ConversionsFile::NumberEnd;
+}
+
 QString PrintReport::conversionLine(int number, const MarkedConversion &record)
 {
-    return ConversionsFile::Indent + QString::number(number) + ConversionsFile::NumberEnd
-        + record.fromValue + QStringLiteral("  ") + record.fromUnit + QStringLiteral("  =  ")
-        + record.toValue + QStringLiteral("  ") + record.toUnit;
+    return numberLabel(number) + record.fromValue + QStringLiteral("  ") + record.fromUnit
+        + QStringLiteral("  =  ") + record.toValue + QStringLiteral("  ") + record.toUnit;
 }
 
 QList<ReportLine> PrintReport::markedReport(const QList<MarkedConversion> &records)
@@ -61,8 +65,11 @@ QList<ReportLine> PrintReport::markedReport(const QList<MarkedConversion> &recor
     appendOpening(lines);
     lines.append({ QString(), ReportLine::Body });
     int number = 0;
-    for (const MarkedConversion &record : records)
-        lines.append({ conversionLine(++number, record), ReportLine::Body });
+    for (const MarkedConversion &record : records) {
+        ++number;
+        lines.append(
+            { conversionLine(number, record), ReportLine::Body, int(numberLabel(number).size()) });
+    }
     return lines;
 }
 

@@ -28,6 +28,8 @@ public:
     static QList<ReportLine> unitReport(const UnitReport &report);
     static QList<ReportLine> markedReport(const QList<MarkedConversion> &records);
 
+    // "     12.     ": the start of every numbered line.
+    static QString numberLabel(int number);
     // The numbered line of a marked conversion as printed and copied to the clipboard.
     static QString conversionLine(int number, const MarkedConversion &record);
 

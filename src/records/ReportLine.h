@@ -16,9 +16,12 @@ struct ReportLine {
 
     QString text;
     FontRole role = Body;
+    // The number of leading characters that form the line's label ("     12.     "); when the
+    // line is too long for the page, the rest goes on below the end of the label.
+    int labelLength = 0;
 
     bool operator==(const ReportLine &other) const
     {
-        return text == other.text && role == other.role;
+        return text == other.text && role == other.role && labelLength == other.labelLength;
     }
 };

@@ -52,18 +52,24 @@ bool ReportPrinter::paint(QPagedPaintDevice &device, const QList<ReportLine> &li
         const QFont font = fontFor(line.role);
         painter.setFont(font);
         const QFontMetricsF metrics(font, &device);
-        // A line too long for the page goes on below, rather than off the paper.
-        const QRectF box = line.text.isEmpty()
-            ? QRectF(0, 0, width, metrics.lineSpacing())
-            : metrics.boundingRect(QRectF(0, 0, width, height), Qt::TextWordWrap, line.text);
-        const qreal lineHeight = qMax(box.height(), metrics.lineSpacing());
+        // A line too long for the page goes on below, after its label, rather than off the
+        // paper.
+        const QString label = line.text.left(line.labelLength);
+        const QString rest = line.text.mid(label.size());
+        const qreal indent = qMin(metrics.horizontalAdvance(label), width / 2);
+        const QRectF restBox = rest.isEmpty()
+            ? QRectF()
+            : metrics.boundingRect(QRectF(0, 0, width - indent, height), Qt::TextWordWrap, rest);
+        const qreal lineHeight = qMax(restBox.height(), metrics.lineSpacing());
         if (y > 0 && y + lineHeight > height) {
             if (!device.newPage())
                 return false;
             y = 0;
         }
-        if (!line.text.isEmpty())
-            painter.drawText(QRectF(0, y, width, lineHeight), Qt::TextWordWrap, line.text);
+        if (!label.isEmpty())
+            painter.drawText(QRectF(0, y, indent, lineHeight), Qt::TextSingleLine, label);
+        if (!rest.isEmpty())
+            painter.drawText(QRectF(indent, y, width - indent, lineHeight), Qt::TextWordWrap, rest);
         y += lineHeight;
     }
     return painter.end();

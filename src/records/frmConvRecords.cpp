@@ -8,6 +8,7 @@
 #include "records/ConversionsFile.h"
 #include "records/FileDialogTexts.h"
 #include "records/MarkedConversionsModel.h"
+#include "records/MarkedListDelegate.h"
 #include "records/PrintReport.h"
 #include "shell/Dialogs.h"
 #include "shell/Session.h"
@@ -27,7 +28,6 @@
 #include <QStatusBar>
 #include <QStyle>
 #include <QStyleOptionViewItem>
-#include <QTextOption>
 #include <QVBoxLayout>
 
 namespace StringId
@@ -183,6 +183,8 @@ void frmConvRecords::createControls()
     lstConvRecords = new QListView(central);
     lstConvRecords->setObjectName(QStringLiteral("lstConvRecords"));
     lstConvRecords->setModel(m_model);
+    m_delegate = new MarkedListDelegate(lstConvRecords);
+    lstConvRecords->setItemDelegate(m_delegate);
     lstConvRecords->setSelectionMode(QAbstractItemView::ExtendedSelection);
     lstConvRecords->setEditTriggers(QAbstractItemView::NoEditTriggers);
     // One row size for all rows: a list of a hundred thousand lines lays out at once.
@@ -203,9 +205,7 @@ void frmConvRecords::createControls()
     layout->addLayout(buttons);
     setCentralWidget(central);
 
-    // Lines are measured as the list draws them: tabs at the text layout's tab stops.
-    m_meter = std::make_unique<LineWidthMeter>(
-        lstConvRecords->font(), qRound(QTextOption().tabStopDistance()));
+    m_meter = std::make_unique<LineWidthMeter>(lstConvRecords->font());
     QStyleOptionViewItem option;
     option.initFrom(lstConvRecords);
     option.font = lstConvRecords->font();
@@ -381,16 +381,40 @@ void frmConvRecords::addConversions(const QList<MarkedConversion> &records)
 {
     if (records.isEmpty())
         return;
-    int widest = m_widest;
-    for (const MarkedConversion &record : records)
-        widest = qMax(widest, m_meter->width(record.listLine()));
-    m_model->append(records);
-    if (widest > m_widest || !m_model->itemSize().isValid()) {
-        m_widest = widest;
-        m_model->setItemSize(QSize(m_widest + HorizontalMargin, m_rowHeight));
+    int quantityWidth = m_widestQuantity;
+    int conversionWidth = m_widestConversion;
+    for (const MarkedConversion &record : records) {
+        const QString line = record.listLine();
+        quantityWidth = qMax(quantityWidth, m_meter->width(record.quantity));
+        // What follows the quantity and its two tabs.
+        conversionWidth = qMax(
+            conversionWidth, m_meter->width(QStringView(line).mid(record.quantity.size() + 2)));
     }
+    m_model->append(records);
+    updateListMeasures(quantityWidth, conversionWidth);
     m_session.MarkedConversionsSaved = false;
     updateCountPanels();
+}
+
+// The tab stops follow the widest quantity name; the rows are as wide as the widest line, plus
+// a margin, which sets the list's horizontal scroll range.
+void frmConvRecords::updateListMeasures(int quantityWidth, int conversionWidth)
+{
+    if (quantityWidth == m_widestQuantity && conversionWidth == m_widestConversion
+        && m_model->itemSize().isValid())
+        return;
+    const bool tabsMove = quantityWidth != m_widestQuantity;
+    m_widestQuantity = quantityWidth;
+    m_widestConversion = conversionWidth;
+    const int gap = lstConvRecords->fontMetrics().averageCharWidth();
+    const int firstTab = m_widestQuantity + 2 * gap;
+    const int secondTab = firstTab + gap;
+    m_delegate->setTabStops(firstTab, secondTab);
+    const int lineWidth
+        = secondTab + m_widestConversion + 2 * MarkedListDelegate::textMargin(lstConvRecords);
+    m_model->setItemSize(QSize(lineWidth + HorizontalMargin, m_rowHeight));
+    if (tabsMove)
+        lstConvRecords->viewport()->update();
 }
 
 int frmConvRecords::count() const

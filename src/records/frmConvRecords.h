@@ -22,6 +22,7 @@
 class Dialogs;
 class MainWindowControl;
 class MarkedConversionsModel;
+class MarkedListDelegate;
 class QAction;
 class QLabel;
 class QListView;
@@ -121,6 +122,7 @@ private:
     QList<int> selectedRows() const;
     QList<MarkedConversion> chosenRecords(Mode mode) const;
     void updateCountPanels();
+    void updateListMeasures(int quantityWidth, int conversionWidth);
 
     void startProgress(int labelId, QWidget *dialogParent);
     bool reportProgress(qint64 done, qint64 total);
@@ -133,6 +135,7 @@ private:
     MainWindowControl &m_mainWindow;
 
     MarkedConversionsModel *m_model = nullptr;
+    MarkedListDelegate *m_delegate = nullptr;
     QListView *lstConvRecords = nullptr;
     QPushButton *cmdHideForm = nullptr;
     QPushButton *cmdHelp = nullptr;
@@ -156,7 +159,10 @@ private:
 
     ReportPrinter m_reportPrinter;
     std::unique_ptr<LineWidthMeter> m_meter;
-    int m_widest = 0; // the widest line seen, in pixels; never lowered
+    // The widest quantity name and the widest conversion (the part after the tabs) seen, in
+    // pixels; never lowered, not even by deleting lines.
+    int m_widestQuantity = 0;
+    int m_widestConversion = 0;
     int m_rowHeight = 0;
     bool m_shownWithMainWindow = false;
     bool m_everShown = false;
