@@ -10,20 +10,28 @@
 static const QString OnOffKey = QStringLiteral("User\\OnOff\\");
 
 // An on/off value of the store: strictly an integer; a type error keeps the entry enabled.
-static int readOnOff(SettingsStore &store, const QString &subKey, const QString &valueName,
-                     QList<RuntimeError> *problems)
+static int toOnOff(const QString &text, const QString &subKey, const QString &valueName,
+    QList<RuntimeError> *problems)
 {
-    const QString text = store.RegReadString(subKey, valueName, QStringLiteral("1"));
     try {
         return NumberText::toInt16(text);
     } catch (RuntimeError &error) {
         if (problems) {
             error.detail = QStringLiteral("\"%1\" is stored for \"%2\" in \"%3\"")
-                                   .arg(text, valueName, subKey);
+                               .arg(text, valueName, subKey);
             problems->append(error);
         }
         return 1;
     }
+}
+
+// The stored value of that name (compared as the registry does, ignoring case), or "1".
+static QString storedOnOff(const QList<QPair<QString, QString>> &values, const QString &name)
+{
+    for (const auto &[valueName, data] : values)
+        if (valueName.compare(name, Qt::CaseInsensitive) == 0)
+            return data;
+    return QStringLiteral("1");
 }
 
 void Catalogue::resize(int count)
@@ -50,10 +58,16 @@ void Catalogue::LoadBuiltinCatalogue(SettingsStore &store, QList<RuntimeError> *
     for (int i = 1; i <= BuiltinQuantityCount; ++i) {
         PhysicalQuantity &q = Quantities[i];
         const QString countText = StringTable::text(UnitCountBase + i);
-        q.UnitCount = countText.isEmpty() ? 0 : qBound(0, NumberText::toInt16(countText), int(MaxUnits));
+        q.UnitCount
+            = countText.isEmpty() ? 0 : qBound(0, NumberText::toInt16(countText), int(MaxUnits));
         const int base = QuantityBase + 100 * i;
         q.Name = StringTable::text(base);
-        q.OnOff = readOnOff(store, OnOffKey + q.Name, QStringLiteral("OnOff"), problems);
+        // One read of the quantity's key serves the quantity and all its units.
+        const QString onOffKey = OnOffKey + q.Name;
+        const QString onOff = QStringLiteral("OnOff");
+        q.OnOff = toOnOff(
+            store.RegReadString(onOffKey, onOff, QStringLiteral("1")), onOffKey, onOff, problems);
+        const auto stored = store.values(onOffKey);
         q.Custom = 0;
         for (int j = 1; j <= q.UnitCount; ++j) {
             UnitEntry &u = Units[i][j];
@@ -66,7 +80,9 @@ void Catalogue::LoadBuiltinCatalogue(SettingsStore &store, QList<RuntimeError> *
             }
             u.Name = name;
             u.Custom = 0;
-            u.OnOff = readOnOff(store, OnOffKey + q.Name, name, problems);
+            u.OnOff = stored.isEmpty()
+                ? 1
+                : toOnOff(storedOnOff(stored, name), onOffKey, name, problems);
         }
         if (q.Name == temperature)
             continue; // converted by formulas: no factors
@@ -115,5 +131,6 @@ QStringList Catalogue::enabledUnitNames(int q) const
 
 bool Catalogue::isTemperature(int q) const
 {
-    return q >= 1 && q <= QuantityCount && Quantities[q].Name == StringTable::text(TemperatureNameId);
+    return q >= 1 && q <= QuantityCount
+        && Quantities[q].Name == StringTable::text(TemperatureNameId);
 }

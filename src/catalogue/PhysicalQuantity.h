@@ -5,8 +5,7 @@
 #include <QString>
 
 // One physical quantity of the catalogue, built in or the user's own.
-struct PhysicalQuantity
-{
+struct PhysicalQuantity {
     QString Name;
     int OnOff = 1; // 1 = enabled (shown); any other value = disabled
     int UnitCount = 0; // units in use, 0 .. Catalogue::MaxUnits

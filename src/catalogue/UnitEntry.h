@@ -6,8 +6,7 @@
 
 // One unit of a quantity. Factor says how many default units one of this unit is; FactorText
 // keeps the factor as written, since its digits tell how many figures a result may show.
-struct UnitEntry
-{
+struct UnitEntry {
     QString Name;
     int OnOff = 1; // 1 = enabled (listed); any other value = disabled
     int Custom = 0; // 1 for a unit the user added

@@ -10,8 +10,8 @@ static const QString OnOffKey = QStringLiteral("User\\OnOff\\");
 static const QString NewQuansKey = QStringLiteral("User\\NewQuans");
 static const QString UnitsKey = QStringLiteral("User\\Units\\");
 
-void UserCatalogue::LoadUserCatalogue(Catalogue &catalogue, SettingsStore &store,
-                                      QList<RuntimeError> *problems)
+void UserCatalogue::LoadUserCatalogue(
+    Catalogue &catalogue, SettingsStore &store, QList<RuntimeError> *problems)
 {
     const QStringList custom = store.subKeys(NewQuansKey);
     const int first = catalogue.QuantityCount + 1;
@@ -20,13 +20,15 @@ void UserCatalogue::LoadUserCatalogue(Catalogue &catalogue, SettingsStore &store
         PhysicalQuantity &q = catalogue.Quantities[first + i];
         const QString key = NewQuansKey + u'\\' + custom[i];
         q.Name = custom[i];
-        const QString onOff = store.RegReadString(key, QStringLiteral("OnOff"), QStringLiteral("1"));
+        const QString onOff
+            = store.RegReadString(key, QStringLiteral("OnOff"), QStringLiteral("1"));
         try {
             q.OnOff = NumberText::toInt16(onOff);
         } catch (RuntimeError &error) {
             q.OnOff = 1;
             if (problems) {
-                error.detail = QStringLiteral("\"%1\" is stored for \"OnOff\" in \"%2\"").arg(onOff, key);
+                error.detail
+                    = QStringLiteral("\"%1\" is stored for \"OnOff\" in \"%2\"").arg(onOff, key);
                 problems->append(error);
             }
         }
@@ -71,13 +73,14 @@ void UserCatalogue::SaveUserCatalogue(const Catalogue &catalogue, SettingsStore 
             store.RegWriteString(key, QStringLiteral("OnOff"), QString::number(quantity.OnOff));
             store.RegWriteString(key, QStringLiteral("DefaultUnit"), quantity.DefaultUnit);
         } else if (!quantity.enabled()) {
-            store.RegWriteString(OnOffKey + quantity.Name, QStringLiteral("OnOff"), QStringLiteral("0"));
+            store.RegWriteString(
+                OnOffKey + quantity.Name, QStringLiteral("OnOff"), QStringLiteral("0"));
         }
         for (int j = 1; j <= quantity.UnitCount; ++j) {
             const UnitEntry &u = catalogue.Units[q][j];
             if (u.Custom == 1)
-                store.RegWriteString(UnitsKey + quantity.Name, u.Name,
-                                     unitData(u.OnOff, u.Exact, u.FactorText));
+                store.RegWriteString(
+                    UnitsKey + quantity.Name, u.Name, unitData(u.OnOff, u.Exact, u.FactorText));
             else if (!u.enabled())
                 store.RegWriteString(OnOffKey + quantity.Name, u.Name, QStringLiteral("0"));
         }

@@ -21,8 +21,8 @@ class UserCatalogue
 public:
     // Appends the custom quantities and units of the store to a catalogue that holds the
     // built-in quantities.
-    static void LoadUserCatalogue(Catalogue &catalogue, SettingsStore &store,
-                                  QList<RuntimeError> *problems = nullptr);
+    static void LoadUserCatalogue(
+        Catalogue &catalogue, SettingsStore &store, QList<RuntimeError> *problems = nullptr);
     // Writes the user's part of a whole catalogue into the store (below User\), as one batch.
     // Disabled built-in entries are written as "0"; enabled ones need no value.
     static void SaveUserCatalogue(const Catalogue &catalogue, SettingsStore &store);

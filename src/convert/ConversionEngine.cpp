@@ -11,7 +11,8 @@
 
 #include <cmath>
 
-namespace StringId {
+namespace StringId
+{
 constexpr int TooBig = 28;
 constexpr int TryAgain = 321;
 constexpr int EnterNumber = 367;
@@ -21,7 +22,7 @@ constexpr int Celsius = 3001;
 constexpr int Kelvin = 3002;
 constexpr int Fahrenheit = 3003;
 constexpr int Rankine = 3004;
-}
+} // namespace StringId
 
 static const QString Exact = QStringLiteral("x");
 
@@ -43,14 +44,16 @@ void ConversionResult::take(const FormattedResult &formatted)
         notices.append(*formatted.notice);
 }
 
-ConversionEngine::ConversionEngine(const Catalogue &catalogue, const Settings &settings,
-                                   Session &session)
-    : m_catalogue(catalogue), m_settings(settings), m_session(session)
+ConversionEngine::ConversionEngine(
+    const Catalogue &catalogue, const Settings &settings, Session &session)
+    : m_catalogue(catalogue)
+    , m_settings(settings)
+    , m_session(session)
 {
 }
 
-ConversionResult ConversionEngine::Convert(const QString &fromUnit, const QString &toUnit,
-                                           double value) const
+ConversionResult ConversionEngine::Convert(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     checked(value);
     if (m_catalogue.isTemperature(m_catalogue.CurrentQuantity))
@@ -58,14 +61,15 @@ ConversionResult ConversionEngine::Convert(const QString &fromUnit, const QStrin
     return convertProportional(fromUnit, toUnit, value);
 }
 
-ConversionResult ConversionEngine::convertProportional(const QString &fromUnit,
-                                                       const QString &toUnit, double value) const
+ConversionResult ConversionEngine::convertProportional(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     const int q = m_catalogue.CurrentQuantity;
     double fromFactor = 0, toInverse = 0;
     bool fromExact = false, toExact = false;
     QString fromText, toText;
-    const int count = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
+    const int count
+        = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
     for (int j = 1; j <= count; ++j) {
         const UnitEntry &u = m_catalogue.Units[q][j];
         if (u.Name == fromUnit) {
@@ -94,8 +98,8 @@ ConversionResult ConversionEngine::convertProportional(const QString &fromUnit,
     return converted;
 }
 
-ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
-                                                      const QString &toUnit, double value) const
+ConversionResult ConversionEngine::convertTemperature(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     ConversionResult converted;
     if (fromUnit == toUnit) {
@@ -120,8 +124,8 @@ ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
     checked(c);
 
     if (c < -273.15) {
-        converted.notices.append(Notice { Notice::Information,
-                                          StringTable::text(StringId::BelowAbsoluteZero), QString() });
+        converted.notices.append(Notice {
+            Notice::Information, StringTable::text(StringId::BelowAbsoluteZero), QString() });
         if (fromUnit == celsius)
             converted.replacedEntry = QStringLiteral("-273.15");
         else if (fromUnit == fahrenheit)
@@ -146,8 +150,8 @@ ConversionResult ConversionEngine::convertTemperature(const QString &fromUnit,
     return converted;
 }
 
-ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const QString &toUnit,
-                                                 double value) const
+ConversionResult ConversionEngine::convertCaught(
+    const QString &fromUnit, const QString &toUnit, double value) const
 {
     try {
         return Convert(fromUnit, toUnit, value);
@@ -155,9 +159,9 @@ ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const 
         ConversionResult failed;
         if (error.number == RuntimeError::Overflow) {
             failed.notices.append(Notice { Notice::Exclamation,
-                                           StringTable::text(StringId::TooBig) + QStringLiteral("\n\n")
-                                                   + StringTable::text(StringId::TryAgain),
-                                           QString() });
+                StringTable::text(StringId::TooBig) + QStringLiteral("\n\n")
+                    + StringTable::text(StringId::TryAgain),
+                QString() });
         } else {
             failed.notices.append(Notice { Notice::NoIcon, error.description(), QString() });
         }
@@ -165,8 +169,8 @@ ConversionResult ConversionEngine::convertCaught(const QString &fromUnit, const 
     }
 }
 
-ConversionResult ConversionEngine::UpdateResult(const QString &leftUnit, const QString &rightUnit,
-                                                const QString &valueText) const
+ConversionResult ConversionEngine::UpdateResult(
+    const QString &leftUnit, const QString &rightUnit, const QString &valueText) const
 {
     const bool complete = !leftUnit.isEmpty() && !rightUnit.isEmpty() && !valueText.isEmpty();
     ConversionResult result;

@@ -11,16 +11,15 @@
 #include "convert/NumberFormat.h"
 #include "shell/Notice.h"
 
+#include <optional>
 #include <QList>
 #include <QString>
-#include <optional>
 
 class Catalogue;
 class Settings;
 struct Session;
 
-struct ConversionResult
-{
+struct ConversionResult {
     QString text; // for the result box
     // Marking the conversion is possible (value and both units are there).
     bool markEnabled = false;
@@ -45,17 +44,18 @@ public:
 
     // The update routine: the prompts while something is missing, else the conversion of the
     // value text; run-time errors become message boxes and an empty result.
-    ConversionResult UpdateResult(const QString &leftUnit, const QString &rightUnit,
-                                  const QString &valueText) const;
+    ConversionResult UpdateResult(
+        const QString &leftUnit, const QString &rightUnit, const QString &valueText) const;
 
     // Convert with its errors caught as UpdateResult catches them.
-    ConversionResult convertCaught(const QString &fromUnit, const QString &toUnit, double value) const;
+    ConversionResult convertCaught(
+        const QString &fromUnit, const QString &toUnit, double value) const;
 
 private:
-    ConversionResult convertTemperature(const QString &fromUnit, const QString &toUnit,
-                                        double value) const;
-    ConversionResult convertProportional(const QString &fromUnit, const QString &toUnit,
-                                         double value) const;
+    ConversionResult convertTemperature(
+        const QString &fromUnit, const QString &toUnit, double value) const;
+    ConversionResult convertProportional(
+        const QString &fromUnit, const QString &toUnit, double value) const;
 
     const Catalogue &m_catalogue;
     const Settings &m_settings;

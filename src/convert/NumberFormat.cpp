@@ -9,12 +9,13 @@
 
 #include <cmath>
 
-namespace StringId {
+namespace StringId
+{
 constexpr int ExactFactors = 5600;
 constexpr int ClosingParenthesis = 5602;
 constexpr int Max = 430;
 constexpr int Current = 369;
-}
+} // namespace StringId
 
 static const QString Exact = QStringLiteral("x");
 
@@ -77,15 +78,15 @@ QString NumberFormat::triads(const QString &s)
     return (left + u'.' + grouped + exponent).trimmed();
 }
 
-FormattedResult NumberFormat::FormatResult(double v, const QString &a, const QString &b,
-                                           const Settings &settings)
+FormattedResult NumberFormat::FormatResult(
+    double v, const QString &a, const QString &b, const Settings &settings)
 {
     FormattedResult result;
     try {
         const bool exact = a == Exact && b == Exact;
         int n;
         const QString current = StringTable::text(StringId::Current)
-                + QString::number(settings.SigFigs) + StringTable::text(StringId::ClosingParenthesis);
+            + QString::number(settings.SigFigs) + StringTable::text(StringId::ClosingParenthesis);
         if (exact) {
             n = qMin(settings.SigFigs, int(MaxFigures));
             result.statusText = StringTable::text(StringId::ExactFactors) + current;
@@ -114,7 +115,7 @@ FormattedResult NumberFormat::FormatResult(double v, const QString &a, const QSt
 
         const double magnitude = std::fabs(v);
         const bool regular = magnitude <= settings.MaxNumber && !settings.Scientific
-                && magnitude >= settings.MinNumber;
+            && magnitude >= settings.MinNumber;
         QString s;
         if (!regular) {
             s = NumberText::scientific(v, n);
@@ -124,7 +125,7 @@ FormattedResult NumberFormat::FormatResult(double v, const QString &a, const QSt
             const QString t = NumberText::scientific(v, n);
             const qsizetype e = t.indexOf(u'E');
             const double r = NumberText::leadingNumber(QStringView(t).first(e))
-                    * std::pow(10.0, NumberText::leadingNumber(QStringView(t).sliced(e + 1)));
+                * std::pow(10.0, NumberText::leadingNumber(QStringView(t).sliced(e + 1)));
             if (!std::isfinite(r))
                 throw RuntimeError { RuntimeError::Overflow, {} };
             s = NumberText::shortestText(r);

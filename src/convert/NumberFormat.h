@@ -8,14 +8,13 @@
 
 #include "shell/Notice.h"
 
-#include <QString>
 #include <optional>
+#include <QString>
 
 class Settings;
 
 // What the formatter hands back: the text, and what it tells the main window besides.
-struct FormattedResult
-{
+struct FormattedResult {
     QString text;
     // Status-bar text on the allowed figures ("Max: 13  (Current: 7)"); unset: unchanged.
     std::optional<QString> statusText;
@@ -30,7 +29,7 @@ class NumberFormat
 public:
     // fromExactness and toExactness are "x" for an exact side, else that side's factor text.
     static FormattedResult FormatResult(double value, const QString &fromExactness,
-                                        const QString &toExactness, const Settings &settings);
+        const QString &toExactness, const Settings &settings);
 
     // The significant digits written in a number text, at most 13: leading zeros and the
     // point do not count, every other character before the exponent does. Throws

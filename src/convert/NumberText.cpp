@@ -8,7 +8,8 @@
 #include <limits>
 #include <string>
 
-namespace {
+namespace
+{
 
 bool isDigit(QChar c)
 {
@@ -36,7 +37,8 @@ double parseClean(const std::string &clean)
         const std::string body(first, last);
         const auto e = body.find('e');
         const std::string mantissa = body.substr(0, e);
-        const long exponent = e == std::string::npos ? 0 : std::strtol(body.c_str() + e + 1, nullptr, 10);
+        const long exponent
+            = e == std::string::npos ? 0 : std::strtol(body.c_str() + e + 1, nullptr, 10);
         const auto point = mantissa.find('.');
         const std::string whole = mantissa.substr(0, point);
         long magnitude;
@@ -44,7 +46,8 @@ double parseClean(const std::string &clean)
         if (firstNonZero != std::string::npos) {
             magnitude = long(whole.size() - firstNonZero);
         } else {
-            const std::string fraction = point == std::string::npos ? std::string() : mantissa.substr(point + 1);
+            const std::string fraction
+                = point == std::string::npos ? std::string() : mantissa.substr(point + 1);
             magnitude = -long(fraction.find_first_not_of('0'));
         }
         value = magnitude + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
@@ -172,8 +175,8 @@ bool NumberText::toBoolean(QStringView text, QChar localeDecimal)
 void NumberText::decimalDigits(double value, char (&digits)[16], int &exponent)
 {
     char buffer[40];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, std::fabs(value),
-                                      std::chars_format::scientific, 14);
+    const auto result = std::to_chars(
+        buffer, buffer + sizeof buffer, std::fabs(value), std::chars_format::scientific, 14);
     // buffer holds "d.dddddddddddddde±xx"
     digits[0] = buffer[0];
     for (int i = 0; i < 14; ++i)
@@ -202,7 +205,7 @@ QString NumberText::shortestText(double value)
             text += QString::fromLatin1(digits, count) + QString(exponent + 1 - count, u'0');
         } else {
             text += QString::fromLatin1(digits, exponent + 1) + u'.'
-                    + QString::fromLatin1(digits + exponent + 1, count - exponent - 1);
+                + QString::fromLatin1(digits + exponent + 1, count - exponent - 1);
         }
         return text;
     }

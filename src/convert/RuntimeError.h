@@ -9,8 +9,7 @@
 
 #include <QString>
 
-struct RuntimeError
-{
+struct RuntimeError {
     enum Number {
         InvalidCall = 5,
         Overflow = 6,

@@ -8,8 +8,8 @@
 
 #include "shell/Notice.h"
 
-#include <QString>
 #include <optional>
+#include <QString>
 
 class QWidget;
 
@@ -24,13 +24,16 @@ public:
     // A message with an OK button.
     virtual void message(QWidget *parent, const Notice &notice) = 0;
     // A question; defaultAnswer is the button that Enter presses.
-    virtual Answer question(QWidget *parent, const Notice &notice, Buttons buttons,
-                            Answer defaultAnswer) = 0;
+    virtual Answer question(
+        QWidget *parent, const Notice &notice, Buttons buttons, Answer defaultAnswer)
+        = 0;
     // An input box: the text entered, or nothing when cancelled.
-    virtual std::optional<QString> input(QWidget *parent, const QString &prompt,
-                                         const QString &title, const QString &defaultText) = 0;
+    virtual std::optional<QString> input(
+        QWidget *parent, const QString &prompt, const QString &title, const QString &defaultText)
+        = 0;
     // File dialogs: the chosen path, or "" when cancelled. filter is Qt's "Text Files (*.txt)".
     virtual QString openFileName(QWidget *parent, const QString &filter) = 0;
-    virtual QString saveFileName(QWidget *parent, const QString &filter,
-                                 const QString &defaultName, const QString &defaultSuffix) = 0;
+    virtual QString saveFileName(QWidget *parent, const QString &filter, const QString &defaultName,
+        const QString &defaultSuffix)
+        = 0;
 };

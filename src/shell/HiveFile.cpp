@@ -9,7 +9,8 @@
 #include <QSet>
 #include <QStringDecoder>
 
-namespace {
+namespace
+{
 
 const QString RootPrefix = QStringLiteral("HKEY_CURRENT_USER\\");
 const QString ShortRootPrefix = QStringLiteral("HKCU\\");
@@ -109,7 +110,8 @@ QString parentOf(const QString &path)
 } // namespace
 
 HiveFile::HiveFile(const QString &fileName, bool readOnly)
-    : m_fileName(fileName), m_readOnly(readOnly)
+    : m_fileName(fileName)
+    , m_readOnly(readOnly)
 {
     QFile file(fileName);
     if (file.open(QIODevice::ReadOnly)) {
@@ -122,8 +124,8 @@ void HiveFile::parse(const QByteArray &data)
 {
     QString text;
     if (data.startsWith("\xff\xfe") || data.startsWith("\xfe\xff")) {
-        auto decoder = QStringDecoder(data.startsWith("\xff\xfe") ? QStringDecoder::Utf16LE
-                                                                   : QStringDecoder::Utf16BE);
+        auto decoder = QStringDecoder(
+            data.startsWith("\xff\xfe") ? QStringDecoder::Utf16LE : QStringDecoder::Utf16BE);
         text = decoder.decode(data.mid(2));
         m_damaged |= decoder.hasError();
     } else {
@@ -144,7 +146,8 @@ void HiveFile::parse(const QByteArray &data)
         if (line.endsWith(u'\r'))
             line.chop(1);
         // A hex value may go on over several lines, each but the last ending in "\".
-        while (line.endsWith(u'\\') && line.contains(QStringLiteral("=hex")) && n + 1 < lines.size()) {
+        while (
+            line.endsWith(u'\\') && line.contains(QStringLiteral("=hex")) && n + 1 < lines.size()) {
             line.chop(1);
             QString next = lines[++n];
             if (next.endsWith(u'\r'))

@@ -44,8 +44,7 @@ public:
     QString errorText() const override { return m_error; }
 
 private:
-    struct Key
-    {
+    struct Key {
         QString path;
         QVector<QPair<QString, QString>> values;
     };

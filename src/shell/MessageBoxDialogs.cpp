@@ -36,16 +36,16 @@ void MessageBoxDialogs::message(QWidget *parent, const Notice &notice)
     box.exec();
 }
 
-Dialogs::Answer MessageBoxDialogs::question(QWidget *parent, const Notice &notice,
-                                            Buttons buttons, Answer defaultAnswer)
+Dialogs::Answer MessageBoxDialogs::question(
+    QWidget *parent, const Notice &notice, Buttons buttons, Answer defaultAnswer)
 {
     QMessageBox::StandardButtons standard = QMessageBox::Yes | QMessageBox::No;
     if (buttons == YesNoCancel)
         standard |= QMessageBox::Cancel;
     QMessageBox box(iconOf(notice.icon), titleOf(notice), notice.text, standard, parent);
     box.setDefaultButton(defaultAnswer == Yes ? QMessageBox::Yes
-                                 : defaultAnswer == Cancel ? QMessageBox::Cancel
-                                                           : QMessageBox::No);
+            : defaultAnswer == Cancel         ? QMessageBox::Cancel
+                                              : QMessageBox::No);
     switch (box.exec()) {
     case QMessageBox::Yes:
         return Yes;
@@ -56,12 +56,12 @@ Dialogs::Answer MessageBoxDialogs::question(QWidget *parent, const Notice &notic
     }
 }
 
-std::optional<QString> MessageBoxDialogs::input(QWidget *parent, const QString &prompt,
-                                                const QString &title, const QString &defaultText)
+std::optional<QString> MessageBoxDialogs::input(
+    QWidget *parent, const QString &prompt, const QString &title, const QString &defaultText)
 {
     bool ok = false;
-    const QString text = QInputDialog::getText(parent, title, prompt, QLineEdit::Normal,
-                                               defaultText, &ok);
+    const QString text
+        = QInputDialog::getText(parent, title, prompt, QLineEdit::Normal, defaultText, &ok);
     if (!ok)
         return std::nullopt;
     return text;
@@ -73,7 +73,7 @@ QString MessageBoxDialogs::openFileName(QWidget *parent, const QString &filter)
 }
 
 QString MessageBoxDialogs::saveFileName(QWidget *parent, const QString &filter,
-                                        const QString &defaultName, const QString &defaultSuffix)
+    const QString &defaultName, const QString &defaultSuffix)
 {
     QFileDialog dialog(parent, QString(), QString(), filter);
     dialog.setAcceptMode(QFileDialog::AcceptSave);

@@ -10,11 +10,11 @@ class MessageBoxDialogs : public Dialogs
 {
 public:
     void message(QWidget *parent, const Notice &notice) override;
-    Answer question(QWidget *parent, const Notice &notice, Buttons buttons,
-                    Answer defaultAnswer) override;
+    Answer question(
+        QWidget *parent, const Notice &notice, Buttons buttons, Answer defaultAnswer) override;
     std::optional<QString> input(QWidget *parent, const QString &prompt, const QString &title,
-                                 const QString &defaultText) override;
+        const QString &defaultText) override;
     QString openFileName(QWidget *parent, const QString &filter) override;
     QString saveFileName(QWidget *parent, const QString &filter, const QString &defaultName,
-                         const QString &defaultSuffix) override;
+        const QString &defaultSuffix) override;
 };

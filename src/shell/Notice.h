@@ -7,8 +7,7 @@
 
 #include <QString>
 
-struct Notice
-{
+struct Notice {
     enum Icon { NoIcon, Information, Exclamation, Critical };
 
     Icon icon = NoIcon;

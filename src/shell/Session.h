@@ -4,8 +4,7 @@
 // Flags shared by the windows during one run and never stored.
 #pragma once
 
-struct Session
-{
+struct Session {
     // Set just before the program itself changes the main window's selections or value, so
     // that the next update shows nothing instead of taking the change for the user's.
     bool SkipNextUpdate = false;

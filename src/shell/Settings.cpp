@@ -10,12 +10,13 @@
 
 const QString Settings::Section = QStringLiteral("settings");
 
-namespace {
-
-using Member = std::variant<bool Settings::*, int Settings::*, double Settings::*, QString Settings::*>;
-
-struct SettingDeclaration
+namespace
 {
+
+using Member
+    = std::variant<bool Settings::*, int Settings::*, double Settings::*, QString Settings::*>;
+
+struct SettingDeclaration {
     const char16_t *name; // the stored value name, exactly as it has always been spelled
     Member member;
     const char16_t *defaultText; // nullptr: the platform default of that setting
@@ -39,7 +40,8 @@ const SettingDeclaration Declarations[] = {
 };
 
 const SettingDeclaration SigFigsDeclaration { u"numericformatting", &Settings::SigFigs, u"7" };
-const SettingDeclaration LastQuantityDeclaration { u"currphysquan", &Settings::LastQuantity, u"Length" };
+const SettingDeclaration LastQuantityDeclaration { u"currphysquan", &Settings::LastQuantity,
+    u"Length" };
 
 QString defaultOf(const SettingDeclaration &declaration)
 {
@@ -51,22 +53,22 @@ QString defaultOf(const SettingDeclaration &declaration)
 void assign(Settings &settings, const Member &member, const QString &text)
 {
     std::visit(
-            [&](auto pointer) {
-                using T = std::decay_t<decltype(settings.*pointer)>;
-                if constexpr (std::is_same_v<T, bool>)
-                    settings.*pointer = NumberText::toBoolean(text);
-                else if constexpr (std::is_same_v<T, int>)
-                    settings.*pointer = NumberText::toInt32(text);
-                else if constexpr (std::is_same_v<T, double>)
-                    settings.*pointer = NumberText::toDouble(text);
-                else
-                    settings.*pointer = text;
-            },
-            member);
+        [&](auto pointer) {
+            using T = std::decay_t<decltype(settings.*pointer)>;
+            if constexpr (std::is_same_v<T, bool>)
+                settings.*pointer = NumberText::toBoolean(text);
+            else if constexpr (std::is_same_v<T, int>)
+                settings.*pointer = NumberText::toInt32(text);
+            else if constexpr (std::is_same_v<T, double>)
+                settings.*pointer = NumberText::toDouble(text);
+            else
+                settings.*pointer = text;
+        },
+        member);
 }
 
 void load(Settings &settings, SettingsStore &store, const SettingDeclaration &declaration,
-          QList<RuntimeError> *problems)
+    QList<RuntimeError> *problems)
 {
     const QString name = QString::fromUtf16(declaration.name);
     const QString fallback = defaultOf(declaration);
@@ -120,18 +122,18 @@ QString Settings::storedText(const QString &valueName) const
     if (!declaration)
         return QString();
     return std::visit(
-            [&](auto pointer) -> QString {
-                using T = std::decay_t<decltype(this->*pointer)>;
-                if constexpr (std::is_same_v<T, bool>)
-                    return this->*pointer ? QStringLiteral("1") : QStringLiteral("0");
-                else if constexpr (std::is_same_v<T, int>)
-                    return QString::number(this->*pointer);
-                else if constexpr (std::is_same_v<T, double>)
-                    return NumberText::shortestText(this->*pointer);
-                else
-                    return this->*pointer;
-            },
-            declaration->member);
+        [&](auto pointer) -> QString {
+            using T = std::decay_t<decltype(this->*pointer)>;
+            if constexpr (std::is_same_v<T, bool>)
+                return this->*pointer ? QStringLiteral("1") : QStringLiteral("0");
+            else if constexpr (std::is_same_v<T, int>)
+                return QString::number(this->*pointer);
+            else if constexpr (std::is_same_v<T, double>)
+                return NumberText::shortestText(this->*pointer);
+            else
+                return this->*pointer;
+        },
+        declaration->member);
 }
 
 void Settings::save(SettingsStore &store, const QString &valueName) const

@@ -6,11 +6,11 @@
 // key and value names compare case-insensitively, as the registry does. All values are text.
 #pragma once
 
+#include <optional>
 #include <QList>
 #include <QPair>
 #include <QString>
 #include <QStringList>
-#include <optional>
 
 class SettingsBackend
 {

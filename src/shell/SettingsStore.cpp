@@ -36,7 +36,7 @@ QString SettingsStore::hivePath(const QStringList &arguments)
 std::unique_ptr<SettingsStore> SettingsStore::open(const QStringList &arguments, bool readOnly)
 {
     return std::make_unique<SettingsStore>(
-            std::make_unique<HiveFile>(hivePath(arguments), readOnly));
+        std::make_unique<HiveFile>(hivePath(arguments), readOnly));
 }
 
 QString SettingsStore::path(const QString &subKey) const
@@ -47,8 +47,8 @@ QString SettingsStore::path(const QString &subKey) const
     return full;
 }
 
-QString SettingsStore::RegReadString(const QString &subKey, const QString &valueName,
-                                     const QString &defaultValue)
+QString SettingsStore::RegReadString(
+    const QString &subKey, const QString &valueName, const QString &defaultValue)
 {
     const QString key = path(subKey);
     // Reading opens the key with "create": a missing key exists afterwards.
@@ -60,8 +60,8 @@ QString SettingsStore::RegReadString(const QString &subKey, const QString &value
     return *stored == NulText ? QString() : *stored;
 }
 
-int SettingsStore::RegWriteString(const QString &subKey, const QString &valueName,
-                                  const QString &value)
+int SettingsStore::RegWriteString(
+    const QString &subKey, const QString &valueName, const QString &value)
 {
     if (!m_backend->setValue(path(subKey), valueName, value.isEmpty() ? NulText : value))
         return 1;
@@ -111,7 +111,8 @@ bool SettingsStore::close()
     return save();
 }
 
-SettingsStore::Batch::Batch(SettingsStore &store) : m_store(store)
+SettingsStore::Batch::Batch(SettingsStore &store)
+    : m_store(store)
 {
     ++m_store.m_batchDepth;
 }

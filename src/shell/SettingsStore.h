@@ -13,8 +13,8 @@
 
 #include "shell/SettingsBackend.h"
 
-#include <QString>
 #include <memory>
+#include <QString>
 
 class SettingsStore
 {
@@ -32,8 +32,8 @@ public:
 
     // Reads a value; reading creates the key as the registry does. An absent value gives
     // defaultValue; the stored one-character NUL text gives "".
-    QString RegReadString(const QString &subKey, const QString &valueName,
-                          const QString &defaultValue);
+    QString RegReadString(
+        const QString &subKey, const QString &valueName, const QString &defaultValue);
     // Writes a value, "" stored as the one-character NUL text. Returns 0 on success.
     int RegWriteString(const QString &subKey, const QString &valueName, const QString &value);
 

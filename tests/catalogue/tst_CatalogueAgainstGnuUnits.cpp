@@ -1,0 +1,129 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// Every factor of the built-in catalogue checked against an outside authority, GNU units:
+// gnu_units_map.tsv names each unit in GNU units' terms; GNU units converts one of it into the
+// quantity's default unit, and our factor must agree within the digits its text is written
+// with (to all the digits GNU units prints, for a factor marked exact).
+#include "catalogue/Catalogue.h"
+#include "catalogue/StringTable.h"
+#include "convert/NumberText.h"
+#include "shell/HiveFile.h"
+#include "shell/SettingsStore.h"
+
+#include <QFile>
+#include <QHash>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cmath>
+
+class tst_CatalogueAgainstGnuUnits : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void factor_data();
+    void factor();
+
+private:
+    // GNU units' value of one `from` in `to`, or NaN with the error in `error`.
+    double gnuUnits(const QString &from, const QString &to, QString &error) const;
+
+    QString m_units;
+    Catalogue m_catalogue;
+    QHash<int, QString> m_map; // unit name id -> GNU units expression
+};
+
+void tst_CatalogueAgainstGnuUnits::initTestCase()
+{
+    m_units = QStandardPaths::findExecutable(QStringLiteral("units"));
+    if (m_units.isEmpty()) {
+        if (qEnvironmentVariableIsSet("CI") && !qEnvironmentVariableIsEmpty("CI"))
+            QFAIL("GNU units is not installed (Debian package units)");
+        QSKIP("GNU units is not installed (Debian package units)");
+    }
+    QTemporaryDir dir;
+    SettingsStore store(std::make_unique<HiveFile>(dir.filePath(QStringLiteral("r.reg")), true));
+    m_catalogue.LoadCatalogue(store);
+
+    QFile file(QStringLiteral(TEST_DATA_DIR "/gnu_units_map.tsv"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    while (!file.atEnd()) {
+        const QString line = QString::fromUtf8(file.readLine()).trimmed();
+        if (line.isEmpty() || line.startsWith(u'#'))
+            continue;
+        const auto tab = line.indexOf(u'\t');
+        QVERIFY2(tab > 0, qPrintable(line));
+        m_map.insert(line.left(tab).toInt(), line.mid(tab + 1).section(u'\t', 0, 0));
+    }
+}
+
+void tst_CatalogueAgainstGnuUnits::factor_data()
+{
+    QTest::addColumn<QString>("unitExpression");
+    QTest::addColumn<QString>("defaultExpression");
+    QTest::addColumn<QString>("factorText");
+    QTest::addColumn<bool>("exact");
+    for (int q = 1; q <= Catalogue::BuiltinQuantityCount; ++q) {
+        if (m_catalogue.isTemperature(q))
+            continue;
+        const PhysicalQuantity &quantity = m_catalogue.Quantities[q];
+        const int base = Catalogue::QuantityBase + 100 * q;
+        const int defaultIndex = m_catalogue.findUnit(q, quantity.DefaultUnit);
+        const QString defaultExpression = m_map.value(base + defaultIndex);
+        QVERIFY2(!defaultExpression.isEmpty(), qPrintable(quantity.Name + QStringLiteral(": default unit unmapped")));
+        for (int j = 1; j <= quantity.UnitCount; ++j) {
+            const UnitEntry &u = m_catalogue.Units[q][j];
+            QVERIFY2(m_map.contains(base + j), qPrintable(quantity.Name + QStringLiteral(": ") + u.Name + QStringLiteral(" unmapped")));
+            const QString row = quantity.Name + QStringLiteral(": ") + u.Name;
+            QTest::newRow(qPrintable(row)) << m_map.value(base + j) << defaultExpression << u.FactorText
+                                           << (StringTable::text(base + 50 + j).startsWith(u'x') || j == defaultIndex);
+        }
+    }
+}
+
+double tst_CatalogueAgainstGnuUnits::gnuUnits(const QString &from, const QString &to, QString &error) const
+{
+    QProcess units;
+    units.start(m_units, { QStringLiteral("-t"), QStringLiteral("-d"), QStringLiteral("15"), from, to });
+    units.waitForFinished(10000);
+    const QString out = QString::fromUtf8(units.readAllStandardOutput()).trimmed();
+    if (units.exitCode() != 0 || out.isEmpty()) {
+        error = out + QString::fromUtf8(units.readAllStandardError());
+        return std::nan("");
+    }
+    return NumberText::toDouble(out);
+}
+
+void tst_CatalogueAgainstGnuUnits::factor()
+{
+    QFETCH(QString, unitExpression);
+    QFETCH(QString, defaultExpression);
+    QFETCH(QString, factorText);
+    QFETCH(bool, exact);
+    QString error;
+    const double gnu = gnuUnits(unitExpression, defaultExpression, error);
+    QVERIFY2(!std::isnan(gnu), qPrintable(unitExpression + QStringLiteral(" -> ") + defaultExpression + QStringLiteral(": ") + error));
+    const double ours = NumberText::leadingNumber(factorText);
+    // Half a unit in the last digit written, or GNU units' own 15 digits, whichever is coarser.
+    QString mantissa = factorText.section(u'E', 0, 0, QString::SectionCaseInsensitiveSeps);
+    mantissa.remove(u'-');
+    int digits = 0;
+    for (QChar c : std::as_const(mantissa))
+        if (c.isDigit() && (digits > 0 || c != u'0'))
+            ++digits;
+    const double magnitude = std::floor(std::log10(std::fabs(ours)));
+    double tolerance = 0.5 * std::pow(10.0, magnitude - digits + 1);
+    tolerance = std::max(tolerance, std::fabs(gnu) * 1e-14);
+    if (exact)
+        tolerance = std::fabs(gnu) * 1e-14; // every digit GNU units prints must agree
+    QVERIFY2(std::fabs(ours - gnu) <= tolerance * 1.000001,
+             qPrintable(QStringLiteral("ours %1, GNU units %2 (%3 in %4)")
+                                .arg(factorText, QString::number(gnu, 'g', 17), unitExpression, defaultExpression)));
+}
+
+QTEST_GUILESS_MAIN(tst_CatalogueAgainstGnuUnits)
+#include "tst_CatalogueAgainstGnuUnits.moc"
