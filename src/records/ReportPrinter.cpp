@@ -23,6 +23,9 @@ constexpr int PdfDefaultName = 5327;
 constexpr int PdfNotSaved = 5328;
 } // namespace StringId
 
+// The margins of the report, in millimetres.
+static const QMarginsF PageMargins(20, 20, 20, 20);
+
 ReportPrinter::ReportPrinter(Dialogs &dialogs, QWidget *parent)
     : m_dialogs(dialogs)
     , m_parent(parent)
@@ -85,8 +88,8 @@ QString ReportPrinter::savePdf(const QString &path, const QList<ReportLine> &lin
         writer.setTitle(StringTable::text(StringId::ReportHeading));
         writer.setCreator(StringTable::text(StringId::ProgramName));
         const bool letter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-        writer.setPageLayout(QPageLayout(QPageSize(letter ? QPageSize::Letter : QPageSize::A4),
-            QPageLayout::Portrait, QMarginsF(20, 20, 20, 20), QPageLayout::Millimeter));
+        writer.setPageSize(QPageSize(letter ? QPageSize::Letter : QPageSize::A4));
+        writer.setPageMargins(PageMargins, QPageLayout::Millimeter);
         if (!paint(writer, lines)) {
             file.cancelWriting();
             return file.errorString().isEmpty() ? QStringLiteral("PDF") : file.errorString();
@@ -104,6 +107,9 @@ ReportPrinter::Outcome ReportPrinter::print(const QList<ReportLine> &lines)
         return offerPdf(lines);
     QPrinter printer(info, QPrinter::HighResolution);
     printer.setDocName(StringTable::text(StringId::ReportHeading));
+    // The printer keeps its own paper; it gets the report's margins, or its own where they
+    // are wider.
+    printer.setPageMargins(PageMargins, QPageLayout::Millimeter);
     // A printer fault ends the command without a message; the spooler keeps what it got.
     return paint(printer, lines) ? Printed : Failed;
 }
