@@ -352,6 +352,12 @@ void frmConvRecords::savePlacement()
     write(Height, height());
 }
 
+void frmConvRecords::showEvent(QShowEvent *event)
+{
+    m_everShown = true;
+    QMainWindow::showEvent(event);
+}
+
 void frmConvRecords::closeEvent(QCloseEvent *event)
 {
     // Closing hides the window; the list stays for the rest of the run.
@@ -364,8 +370,6 @@ void frmConvRecords::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::ActivationChange && isActiveWindow())
         m_shownWithMainWindow = true;
-    if (event->type() == QEvent::ActivationChange && isVisible())
-        m_everShown = true;
     QMainWindow::changeEvent(event);
 }
 

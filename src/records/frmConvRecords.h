@@ -87,6 +87,7 @@ signals:
     void progressed(int percent);
 
 protected:
+    void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;
 
