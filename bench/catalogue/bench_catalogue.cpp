@@ -9,8 +9,8 @@
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 
-#include <QTemporaryDir>
 #include <benchmark/benchmark.h>
+#include <QTemporaryDir>
 
 static void LoadCatalogue(benchmark::State &state)
 {

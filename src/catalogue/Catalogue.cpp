@@ -131,6 +131,7 @@ QStringList Catalogue::enabledUnitNames(int q) const
 
 bool Catalogue::isTemperature(int q) const
 {
-    return q >= 1 && q <= QuantityCount
-        && Quantities[q].Name == StringTable::text(TemperatureNameId);
+    // The string table never changes while the program runs: look the name up once.
+    static const QString temperature = StringTable::text(TemperatureNameId);
+    return q >= 1 && q <= QuantityCount && Quantities[q].Name == temperature;
 }

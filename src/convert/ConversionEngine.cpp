@@ -33,6 +33,20 @@ static double checked(double value)
     return value;
 }
 
+// The same as a == b, sooner for the names a unit scan passes over: those differ in length or
+// in their first or last character; and a caller may hand over the catalogue's own text.
+static inline bool sameName(const QString &a, const QString &b)
+{
+    const qsizetype size = a.size();
+    if (size != b.size())
+        return false;
+    const QChar *x = a.constData();
+    const QChar *y = b.constData();
+    if (size == 0 || x == y)
+        return true;
+    return x[0] == y[0] && x[size - 1] == y[size - 1] && a == b;
+}
+
 void ConversionResult::take(const FormattedResult &formatted)
 {
     text = formatted.text;
@@ -70,14 +84,15 @@ ConversionResult ConversionEngine::convertProportional(
     QString fromText, toText;
     const int count
         = q >= 1 && q <= m_catalogue.QuantityCount ? m_catalogue.Quantities[q].UnitCount : 0;
+    const UnitEntry *units = count > 0 ? m_catalogue.Units[q].constData() : nullptr;
     for (int j = 1; j <= count; ++j) {
-        const UnitEntry &u = m_catalogue.Units[q][j];
-        if (u.Name == fromUnit) {
+        const UnitEntry &u = units[j];
+        if (sameName(u.Name, fromUnit)) {
             fromFactor = u.Factor;
             fromText = u.FactorText;
             fromExact = u.Exact == 1;
         }
-        if (u.Name == toUnit) {
+        if (sameName(u.Name, toUnit)) {
             if (u.Factor == 0)
                 throw RuntimeError { RuntimeError::DivisionByZero, {} };
             toInverse = checked(1.0 / u.Factor); // the reciprocal, taken once
@@ -106,11 +121,12 @@ ConversionResult ConversionEngine::convertTemperature(
         converted.take(NumberFormat::FormatResult(value, Exact, Exact, m_settings));
         return converted;
     }
+    // The scale names, read once: the string table never changes while the program runs.
     // The Celsius name is the default unit's text without its "*" mark.
-    const QString celsius = StringTable::text(StringId::Celsius).right(12);
-    const QString kelvin = StringTable::text(StringId::Kelvin);
-    const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
-    const QString rankine = StringTable::text(StringId::Rankine);
+    static const QString celsius = StringTable::text(StringId::Celsius).right(12);
+    static const QString kelvin = StringTable::text(StringId::Kelvin);
+    static const QString fahrenheit = StringTable::text(StringId::Fahrenheit);
+    static const QString rankine = StringTable::text(StringId::Rankine);
 
     double c = 0;
     if (fromUnit == celsius)

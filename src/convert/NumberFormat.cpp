@@ -7,7 +7,12 @@
 #include "convert/RuntimeError.h"
 #include "shell/Settings.h"
 
+#include <QVarLengthArray>
+
+#include <algorithm>
 #include <cmath>
+#include <cstring>
+#include <type_traits>
 
 namespace StringId
 {
@@ -17,65 +22,172 @@ constexpr int Max = 430;
 constexpr int Current = 369;
 } // namespace StringId
 
-static const QString Exact = QStringLiteral("x");
+// 10^0 .. 10^12, all exact doubles.
+static constexpr double PowersOfTen[NumberFormat::MaxFigures]
+    = { 1e0, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12 };
+// 10^-22 .. 10^22, each the double nearest the power.
+static constexpr double TenToThe[45] = { 1e-22, 1e-21, 1e-20, 1e-19, 1e-18, 1e-17, 1e-16, 1e-15,
+    1e-14, 1e-13, 1e-12, 1e-11, 1e-10, 1e-9, 1e-8, 1e-7, 1e-6, 1e-5, 1e-4, 1e-3, 1e-2, 1e-1, 1e0,
+    1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15, 1e16, 1e17,
+    1e18, 1e19, 1e20, 1e21, 1e22 };
+
+// The formatter runs once per conversion, and a batch of conversions runs it many times: the
+// texts are built in character buffers and become a QString once, at the end. The grouping
+// works on either kind of character, Latin-1 for the formatter's own texts and UTF-16 for any
+// text handed to triads().
+namespace
+{
+
+template<typename Ch> inline bool isSpace(Ch c)
+{
+    return QChar::isSpace(char32_t(std::make_unsigned_t<Ch>(c)));
+}
+
+// Trims blanks at both ends of [begin, end), moving what is kept to begin; returns its end.
+template<typename Ch> Ch *trimInPlace(Ch *begin, Ch *end)
+{
+    Ch *first = begin;
+    while (first < end && isSpace(*first))
+        ++first;
+    while (end > first && isSpace(end[-1]))
+        --end;
+    if (first != begin)
+        std::memmove(begin, first, size_t(end - first) * sizeof(Ch));
+    return begin + (end - first);
+}
+
+// The text with a blank in front of every third character counted from the right, trimmed. A
+// leading minus sign is not counted and never gets a blank after it. Writes at most
+// size + size / 3 + 1 characters to out and returns their end.
+template<typename Ch> Ch *groupFromRight(const Ch *text, qsizetype size, Ch *out)
+{
+    if (size > 0 && text[0] == Ch('-')) {
+        *out++ = Ch('-');
+        ++text;
+        --size;
+    }
+    Ch *start = out;
+    for (qsizetype i = 0; i < size; ++i) {
+        if ((size - i) % 3 == 0)
+            *out++ = Ch(' ');
+        *out++ = text[i];
+    }
+    return trimInPlace(start, out);
+}
+
+// The triads of NumberFormat::triads, written to out (room for 2 * size + 2 characters);
+// returns the number of characters written.
+template<typename Ch> qsizetype groupTriads(const Ch *text, qsizetype size, Ch *out)
+{
+    const Ch *end = text + size;
+    const Ch *point = std::find(text, end, Ch('.'));
+    if (point == end) {
+        if (size > 3)
+            return groupFromRight(text, size, out) - out;
+        std::copy(text, end, out);
+        return size;
+    }
+    Ch *o
+        = point - text > 3 ? groupFromRight(text, point - text, out) : std::copy(text, point, out);
+    *o++ = Ch('.');
+    const Ch *fraction = point + 1;
+    const Ch *exponent
+        = std::find_if(fraction, end, [](Ch c) { return c == Ch('e') || c == Ch('E'); });
+    for (const Ch *digit = fraction; digit < exponent; ++digit) {
+        *o++ = *digit;
+        if ((digit - fraction + 1) % 3 == 0)
+            *o++ = Ch(' ');
+    }
+    o = std::copy(exponent, end, o);
+    return trimInPlace(out, o) - out;
+}
+
+// text == "x", the mark of an exact side.
+bool isExact(const QString &text)
+{
+    return text.size() == 1 && text.front() == u'x';
+}
+
+// The counting of CountSignificantDigits, over the characters before the exponent.
+template<typename Ch> int countFigures(const Ch *begin, const Ch *end)
+{
+    int count = 0;
+    for (; begin < end; ++begin) {
+        if (*begin == Ch('.'))
+            continue;
+        if (*begin != Ch('0') || count > 0)
+            ++count;
+    }
+    return count >= 14 ? NumberFormat::MaxFigures : count;
+}
+
+// The status texts for every number of figures the settings allow, built once: the string
+// table never changes while the program runs.
+struct StatusTexts {
+    static constexpr int Cached = NumberFormat::MaxFigures + 1;
+    QString exactFactors, max, current, closing;
+    QString exact[Cached]; // by SigFigs
+    QString limited[Cached][Cached]; // by figures available, SigFigs
+
+    StatusTexts()
+        : exactFactors(StringTable::text(StringId::ExactFactors))
+        , max(StringTable::text(StringId::Max))
+        , current(StringTable::text(StringId::Current))
+        , closing(StringTable::text(StringId::ClosingParenthesis))
+    {
+        for (int sigFigs = 0; sigFigs < Cached; ++sigFigs) {
+            exact[sigFigs] = exactText(sigFigs);
+            for (int n = 0; n < Cached; ++n)
+                limited[n][sigFigs] = limitedText(n, sigFigs);
+        }
+    }
+    QString currentText(int sigFigs) const { return current + QString::number(sigFigs) + closing; }
+    QString exactText(int sigFigs) const
+    {
+        if (sigFigs >= 0 && sigFigs < Cached && !exact[sigFigs].isNull())
+            return exact[sigFigs];
+        return exactFactors + currentText(sigFigs);
+    }
+    QString limitedText(int n, int sigFigs) const
+    {
+        if (n >= 0 && n < Cached && sigFigs >= 0 && sigFigs < Cached
+            && !limited[n][sigFigs].isNull())
+            return limited[n][sigFigs];
+        return max + QString::number(n) + currentText(sigFigs);
+    }
+};
+
+const StatusTexts &statusTexts()
+{
+    static const StatusTexts texts;
+    return texts;
+}
+
+} // namespace
 
 int NumberFormat::CountSignificantDigits(const QString &text)
 {
-    QString t = text.trimmed();
-    if (t.startsWith(u'-'))
-        t.remove(0, 1);
-    const qsizetype e = t.indexOf(u'e', 0, Qt::CaseInsensitive);
-    if (e >= 0)
-        t.truncate(e);
-    else if (t.contains(u'd', Qt::CaseInsensitive))
+    const char16_t *begin = reinterpret_cast<const char16_t *>(text.utf16());
+    const char16_t *end = begin + text.size();
+    while (begin < end && isSpace(*begin))
+        ++begin;
+    while (end > begin && isSpace(end[-1]))
+        --end;
+    if (begin < end && *begin == u'-')
+        ++begin;
+    // Only "e" and "E" fold to "e", only "d" and "D" to "d".
+    const char16_t *e = std::find_if(begin, end, [](char16_t c) { return c == u'e' || c == u'E'; });
+    if (e == end && std::any_of(begin, end, [](char16_t c) { return c == u'd' || c == u'D'; }))
         throw RuntimeError { RuntimeError::InvalidCall, {} }; // a "D" exponent is not cut off
-    int count = 0;
-    for (QChar c : std::as_const(t)) {
-        if (c == u'.')
-            continue;
-        if (c != u'0' || count > 0)
-            ++count;
-    }
-    return count >= 14 ? MaxFigures : count;
-}
-
-// Copies text right to left, putting a blank in front after every third character. A leading
-// minus sign is not counted and never gets a blank after it.
-static QString groupFromRight(QStringView text)
-{
-    QString sign;
-    if (text.startsWith(u'-')) {
-        sign = QStringLiteral("-");
-        text = text.sliced(1);
-    }
-    QString out;
-    int counted = 0;
-    for (qsizetype i = text.size() - 1; i >= 0; --i) {
-        out.prepend(text[i]);
-        if (++counted % 3 == 0)
-            out.prepend(u' ');
-    }
-    return sign + out.trimmed();
+    return countFigures(begin, e);
 }
 
 QString NumberFormat::triads(const QString &s)
 {
-    const qsizetype point = s.indexOf(u'.');
-    if (point < 0)
-        return s.size() > 3 ? groupFromRight(s) : s;
-    const QString integer = s.left(point);
-    const QString fraction = s.mid(point + 1);
-    const qsizetype e = fraction.indexOf(u'e', 0, Qt::CaseInsensitive);
-    const QString digits = e >= 0 ? fraction.left(e) : fraction;
-    const QString exponent = e >= 0 ? fraction.mid(e) : QString();
-    QString grouped;
-    for (qsizetype i = 0; i < digits.size(); ++i) {
-        grouped += digits[i];
-        if ((i + 1) % 3 == 0)
-            grouped += u' ';
-    }
-    const QString left = integer.size() > 3 ? groupFromRight(integer) : integer;
-    return (left + u'.' + grouped + exponent).trimmed();
+    QVarLengthArray<char16_t, 128> grouped(2 * s.size() + 2);
+    const qsizetype size
+        = groupTriads(reinterpret_cast<const char16_t *>(s.utf16()), s.size(), grouped.data());
+    return QString(reinterpret_cast<const QChar *>(grouped.constData()), size);
 }
 
 FormattedResult NumberFormat::FormatResult(
@@ -83,21 +195,20 @@ FormattedResult NumberFormat::FormatResult(
 {
     FormattedResult result;
     try {
-        const bool exact = a == Exact && b == Exact;
+        const StatusTexts &texts = statusTexts();
+        const bool exact = isExact(a) && isExact(b);
         int n;
-        const QString current = StringTable::text(StringId::Current)
-            + QString::number(settings.SigFigs) + StringTable::text(StringId::ClosingParenthesis);
         if (exact) {
             n = qMin(settings.SigFigs, int(MaxFigures));
-            result.statusText = StringTable::text(StringId::ExactFactors) + current;
+            result.statusText = texts.exactText(settings.SigFigs);
         } else {
-            if (a == Exact)
+            if (isExact(a))
                 n = CountSignificantDigits(b);
-            else if (b == Exact)
+            else if (isExact(b))
                 n = CountSignificantDigits(a);
             else
                 n = qMin(CountSignificantDigits(a), CountSignificantDigits(b));
-            result.statusText = StringTable::text(StringId::Max) + QString::number(n) + current;
+            result.statusText = texts.limitedText(n, settings.SigFigs);
         }
         if (settings.SigFigs < n) {
             n = settings.SigFigs;
@@ -116,28 +227,68 @@ FormattedResult NumberFormat::FormatResult(
         const double magnitude = std::fabs(v);
         const bool regular = magnitude <= settings.MaxNumber && !settings.Scientific
             && magnitude >= settings.MinNumber;
-        QString s;
+        // n is at most 13: the texts below stay well within their buffers.
+        char s[64];
+        qsizetype length;
         if (!regular) {
-            s = NumberText::scientific(v, n);
+            length = NumberText::scientific(v, n, s);
         } else {
             // Round to n figures through the scientific picture, then write the rounded value
             // plainly and pad it with zeros up to n figures.
-            const QString t = NumberText::scientific(v, n);
-            const qsizetype e = t.indexOf(u'E');
-            const double r = NumberText::leadingNumber(QStringView(t).first(e))
-                * std::pow(10.0, NumberText::leadingNumber(QStringView(t).sliced(e + 1)));
+            char t[MaxFigures + NumberText::ScientificExtra];
+            const char *tEnd = t + NumberText::scientific(v, n, t);
+            const char *e = std::find(static_cast<const char *>(t), tEnd, 'E');
+            // The mantissa's value: its n digits as a whole number, divided by 10^(n - 1). Both
+            // are exact doubles, so the quotient is the double nearest the mantissa's decimal
+            // value, the same that reading its text gives.
+            double digits = 0;
+            for (const char *c = t; c < e; ++c)
+                if (*c >= '0' && *c <= '9')
+                    digits = digits * 10 + (*c - '0');
+            double mantissa = digits / PowersOfTen[n - 1];
+            if (t[0] == '-')
+                mantissa = -mantissa;
+            int exponent = 0;
+            for (const char *digit = e + 2; digit < tEnd; ++digit)
+                exponent = exponent * 10 + (*digit - '0');
+            if (e[1] == '-')
+                exponent = -exponent;
+            // From 10^-22 to 10^22 pow() gives the double nearest the power, as the table
+            // holds it; the table saves the call.
+            const double r = mantissa
+                * (exponent >= -22 && exponent <= 22 ? TenToThe[exponent + 22]
+                                                     : std::pow(10.0, double(exponent)));
             if (!std::isfinite(r))
                 throw RuntimeError { RuntimeError::Overflow, {} };
-            s = NumberText::shortestText(r);
+            length = NumberText::shortestText(r, s);
             // Beyond the plain range the shortest text carries an exponent: pad the mantissa.
-            const qsizetype exponentAt = s.indexOf(u'E');
-            QString mantissa = exponentAt < 0 ? s : s.left(exponentAt);
-            const QString exponentPart = exponentAt < 0 ? QString() : s.mid(exponentAt);
-            while (CountSignificantDigits(mantissa) < n)
-                mantissa += mantissa.contains(u'.') ? QStringLiteral("0") : QStringLiteral(".0");
-            s = mantissa + exponentPart;
+            const qsizetype exponentAt = std::find(s, s + length, 'E') - s;
+            char exponentPart[16];
+            const qsizetype exponentLength = length - exponentAt;
+            std::memcpy(exponentPart, s + exponentAt, size_t(exponentLength));
+            length = exponentAt;
+            const char *figures = s[0] == '-' ? s + 1 : s;
+            bool point = std::find(s, s + length, '.') != s + length;
+            int count = countFigures(figures, s + length);
+            // A value that rounds to nothing at all (a zero in regular notation) has no figure
+            // to pad after: its zeros would never count.
+            while (count < n && count > 0) {
+                if (!point) {
+                    s[length++] = '.';
+                    point = true;
+                }
+                s[length++] = '0';
+                count = countFigures(figures, s + length);
+            }
+            std::memcpy(s + length, exponentPart, size_t(exponentLength));
+            length += exponentLength;
         }
-        result.text = settings.Triads ? triads(s) : s;
+        if (settings.Triads) {
+            char grouped[2 * sizeof s + 2];
+            result.text = QString::fromLatin1(grouped, groupTriads(s, length, grouped));
+        } else {
+            result.text = QString::fromLatin1(s, length);
+        }
     } catch (const RuntimeError &error) {
         result.text.clear();
         result.notice = Notice { Notice::NoIcon, error.messageText(), QString() };

@@ -45,6 +45,14 @@ public:
     // figures must be at least 1.
     static QString scientific(double value, int figures);
 
+    // The same two texts written as ASCII characters into a caller's buffer, for callers that
+    // format many numbers; they return the number of characters written. The buffer holds at
+    // least ShortestTextCapacity characters, or figures + ScientificExtra.
+    static constexpr int ShortestTextCapacity = 32;
+    static constexpr int ScientificExtra = 8;
+    static qsizetype shortestText(double value, char *buffer);
+    static qsizetype scientific(double value, int figures, char *buffer);
+
 private:
     // The 15 significant digits of a finite non-zero value and its decimal exponent.
     static void decimalDigits(double value, char (&digits)[16], int &exponent);

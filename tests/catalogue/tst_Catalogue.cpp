@@ -60,7 +60,8 @@ void tst_Catalogue::quantities_data()
         if (line.startsWith(u'#') || line.isEmpty())
             continue;
         const QStringList f = line.split(u'\t');
-        QTest::newRow(qPrintable(f[1])) << f[0].toInt() << f[1] << f[2].toInt() << f[3] << f[4].toInt();
+        QTest::newRow(qPrintable(f[1]))
+            << f[0].toInt() << f[1] << f[2].toInt() << f[3] << f[4].toInt();
         total += f[2].toInt();
     }
     QCOMPARE(total, 514);
@@ -108,7 +109,8 @@ void tst_Catalogue::everyUnitKeepsTheInvariants()
             QCOMPARE(u.OnOff, 1);
             QCOMPARE(u.Custom, 0);
             const bool isDefault = u.Name == quantity.DefaultUnit;
-            const bool marked = StringTable::text(Catalogue::QuantityBase + 100 * q + 50 + j).startsWith(u'x');
+            const bool marked
+                = StringTable::text(Catalogue::QuantityBase + 100 * q + 50 + j).startsWith(u'x');
             QVERIFY2(u.Exact == ((marked || isDefault) ? 1 : 0), qPrintable(where));
             if (temperature)
                 continue;
@@ -119,7 +121,8 @@ void tst_Catalogue::everyUnitKeepsTheInvariants()
             }
             // An inexact factor is written with enough digits to be worth its figures.
             if (u.Exact == 0)
-                QVERIFY2(u.FactorText.size() >= 6, qPrintable(where + QStringLiteral(" ") + u.FactorText));
+                QVERIFY2(u.FactorText.size() >= 6,
+                    qPrintable(where + QStringLiteral(" ") + u.FactorText));
         }
     }
 }
@@ -129,10 +132,10 @@ void tst_Catalogue::angleFactorsAreAsPublished()
     const int angle = m_catalogue.findQuantity(QStringLiteral("Angle"));
     QCOMPARE(angle, 2);
     const QStringList names = { "revolution (r)", "right angle (L)", "radian (rad)", "degree (°)",
-                                "minute (')", "second ('')", "grade (gra)", "mil" };
-    const QStringList factors = { "6.28318530717959", "1.5707963267949", "1", "1.74532925199433E-02",
-                                  "2.90888208665722E-04", "4.84813681109536E-06", "1.5707963267949E-2",
-                                  "9.81747704246809E-04" };
+        "minute (')", "second ('')", "grade (gra)", "mil" };
+    const QStringList factors = { "6.28318530717959", "1.5707963267949", "1",
+        "1.74532925199433E-02", "2.90888208665722E-04", "4.84813681109536E-06",
+        "1.5707963267949E-2", "9.81747704246809E-04" };
     for (int j = 1; j <= 8; ++j) {
         QCOMPARE(m_catalogue.Units[angle][j].Name, names[j - 1]);
         QCOMPARE(m_catalogue.Units[angle][j].FactorText, factors[j - 1]);
@@ -179,7 +182,8 @@ void tst_Catalogue::factorTexts_data()
     QTest::addColumn<int>("exact");
     QTest::newRow("exact with exponent") << "x1E4" << 1e4 << 1;
     QTest::newRow("per square inch") << "1.550003100006200E3" << 1550.0031000062 << 0;
-    QTest::newRow("thermochemical Btu per second and square foot") << "11348.93179479260" << 11348.9317947926 << 0;
+    QTest::newRow("thermochemical Btu per second and square foot")
+        << "11348.93179479260" << 11348.9317947926 << 0;
 }
 
 void tst_Catalogue::factorTexts()
@@ -206,12 +210,14 @@ void tst_Catalogue::factorTexts()
 
 void tst_Catalogue::disabledEntriesComeFromTheStore()
 {
-    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"), QStringLiteral("OnOff"), QStringLiteral("0"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\OnOff\\Length"), QStringLiteral("OnOff"), QStringLiteral("0"));
     const int length = m_catalogue.findQuantity(QStringLiteral("Length"));
     const QString second = m_catalogue.Units[length][2].Name;
     m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"), second, QStringLiteral("0"));
     const QString third = m_catalogue.Units[length][3].Name;
-    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"), third, QStringLiteral("2")); // not 1: disabled
+    m_store->RegWriteString(
+        QStringLiteral("User\\OnOff\\Length"), third, QStringLiteral("2")); // not 1: disabled
     Catalogue reloaded;
     reloaded.LoadCatalogue(*m_store);
     QVERIFY(!reloaded.Quantities[length].enabled());
@@ -226,7 +232,8 @@ void tst_Catalogue::disabledEntriesComeFromTheStore()
 
 void tst_Catalogue::onOffThatIsNoNumberIsReported()
 {
-    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Mass"), QStringLiteral("OnOff"), QStringLiteral("off"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\OnOff\\Mass"), QStringLiteral("OnOff"), QStringLiteral("off"));
     Catalogue reloaded;
     QList<RuntimeError> problems;
     reloaded.LoadCatalogue(*m_store, &problems);

@@ -11,13 +11,13 @@
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 
+#include <cmath>
 #include <QFile>
 #include <QHash>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
-#include <cmath>
 
 class tst_CatalogueAgainstGnuUnits : public QObject
 {
@@ -74,21 +74,27 @@ void tst_CatalogueAgainstGnuUnits::factor_data()
         const int base = Catalogue::QuantityBase + 100 * q;
         const int defaultIndex = m_catalogue.findUnit(q, quantity.DefaultUnit);
         const QString defaultExpression = m_map.value(base + defaultIndex);
-        QVERIFY2(!defaultExpression.isEmpty(), qPrintable(quantity.Name + QStringLiteral(": default unit unmapped")));
+        QVERIFY2(!defaultExpression.isEmpty(),
+            qPrintable(quantity.Name + QStringLiteral(": default unit unmapped")));
         for (int j = 1; j <= quantity.UnitCount; ++j) {
             const UnitEntry &u = m_catalogue.Units[q][j];
-            QVERIFY2(m_map.contains(base + j), qPrintable(quantity.Name + QStringLiteral(": ") + u.Name + QStringLiteral(" unmapped")));
+            QVERIFY2(m_map.contains(base + j),
+                qPrintable(
+                    quantity.Name + QStringLiteral(": ") + u.Name + QStringLiteral(" unmapped")));
             const QString row = quantity.Name + QStringLiteral(": ") + u.Name;
-            QTest::newRow(qPrintable(row)) << m_map.value(base + j) << defaultExpression << u.FactorText
-                                           << (StringTable::text(base + 50 + j).startsWith(u'x') || j == defaultIndex);
+            QTest::newRow(qPrintable(row))
+                << m_map.value(base + j) << defaultExpression << u.FactorText
+                << (StringTable::text(base + 50 + j).startsWith(u'x') || j == defaultIndex);
         }
     }
 }
 
-double tst_CatalogueAgainstGnuUnits::gnuUnits(const QString &from, const QString &to, QString &error) const
+double tst_CatalogueAgainstGnuUnits::gnuUnits(
+    const QString &from, const QString &to, QString &error) const
 {
     QProcess units;
-    units.start(m_units, { QStringLiteral("-t"), QStringLiteral("-d"), QStringLiteral("15"), from, to });
+    units.start(
+        m_units, { QStringLiteral("-t"), QStringLiteral("-d"), QStringLiteral("15"), from, to });
     units.waitForFinished(10000);
     const QString out = QString::fromUtf8(units.readAllStandardOutput()).trimmed();
     if (units.exitCode() != 0 || out.isEmpty()) {
@@ -106,7 +112,9 @@ void tst_CatalogueAgainstGnuUnits::factor()
     QFETCH(bool, exact);
     QString error;
     const double gnu = gnuUnits(unitExpression, defaultExpression, error);
-    QVERIFY2(!std::isnan(gnu), qPrintable(unitExpression + QStringLiteral(" -> ") + defaultExpression + QStringLiteral(": ") + error));
+    QVERIFY2(!std::isnan(gnu),
+        qPrintable(unitExpression + QStringLiteral(" -> ") + defaultExpression
+            + QStringLiteral(": ") + error));
     const double ours = NumberText::leadingNumber(factorText);
     // Half a unit in the last digit written, or GNU units' own 15 digits, whichever is coarser.
     QString mantissa = factorText.section(u'E', 0, 0, QString::SectionCaseInsensitiveSeps);
@@ -121,8 +129,9 @@ void tst_CatalogueAgainstGnuUnits::factor()
     if (exact)
         tolerance = std::fabs(gnu) * 1e-14; // every digit GNU units prints must agree
     QVERIFY2(std::fabs(ours - gnu) <= tolerance * 1.000001,
-             qPrintable(QStringLiteral("ours %1, GNU units %2 (%3 in %4)")
-                                .arg(factorText, QString::number(gnu, 'g', 17), unitExpression, defaultExpression)));
+        qPrintable(QStringLiteral("ours %1, GNU units %2 (%3 in %4)")
+                       .arg(factorText, QString::number(gnu, 'g', 17), unitExpression,
+                           defaultExpression)));
 }
 
 QTEST_GUILESS_MAIN(tst_CatalogueAgainstGnuUnits)

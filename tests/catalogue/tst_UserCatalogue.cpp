@@ -95,11 +95,16 @@ void tst_UserCatalogue::customUnitFlags()
 
 void tst_UserCatalogue::customQuantityWithItsUnits()
 {
-    m_store->RegWriteString(QStringLiteral("User\\NewQuans\\Data"), QStringLiteral("DefaultUnit"), QStringLiteral("byte"));
-    m_store->RegWriteString(QStringLiteral("User\\NewQuans\\Cooking"), QStringLiteral("OnOff"), QStringLiteral("0"));
-    m_store->RegWriteString(QStringLiteral("User\\Units\\Data"), QStringLiteral("byte"), QStringLiteral("c1"));
-    m_store->RegWriteString(QStringLiteral("User\\Units\\Data"), QStringLiteral("bit"), QStringLiteral("c0.125"));
-    m_store->RegWriteString(QStringLiteral("User\\Units\\Data"), QStringLiteral("kibibyte"), QStringLiteral("c1024"));
+    m_store->RegWriteString(QStringLiteral("User\\NewQuans\\Data"), QStringLiteral("DefaultUnit"),
+        QStringLiteral("byte"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\NewQuans\\Cooking"), QStringLiteral("OnOff"), QStringLiteral("0"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\Units\\Data"), QStringLiteral("byte"), QStringLiteral("c1"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\Units\\Data"), QStringLiteral("bit"), QStringLiteral("c0.125"));
+    m_store->RegWriteString(
+        QStringLiteral("User\\Units\\Data"), QStringLiteral("kibibyte"), QStringLiteral("c1024"));
     const Catalogue catalogue = load();
     QCOMPARE(catalogue.QuantityCount, 45);
     const PhysicalQuantity &data = catalogue.Quantities[44];
@@ -118,13 +123,16 @@ void tst_UserCatalogue::customQuantityWithItsUnits()
     Settings settings;
     Session session;
     const ConversionEngine engine(current, settings, session);
-    QCOMPARE(engine.UpdateResult(QStringLiteral("kibibyte"), QStringLiteral("bit"), QStringLiteral("1")).text,
-             QStringLiteral("8.192 000 E+3"));
+    QCOMPARE(
+        engine.UpdateResult(QStringLiteral("kibibyte"), QStringLiteral("bit"), QStringLiteral("1"))
+            .text,
+        QStringLiteral("8.192 000 E+3"));
 }
 
 void tst_UserCatalogue::customUnitInTemperatureConvertsToZero()
 {
-    m_store->RegWriteString(QStringLiteral("User\\Units\\Temperature"), QStringLiteral("Réaumur"), QStringLiteral("a1.25"));
+    m_store->RegWriteString(QStringLiteral("User\\Units\\Temperature"), QStringLiteral("Réaumur"),
+        QStringLiteral("a1.25"));
     Catalogue catalogue = load();
     const int q = catalogue.findQuantity(QStringLiteral("Temperature"));
     QVERIFY(catalogue.enabledUnitNames(q).contains(QStringLiteral("Réaumur")));
@@ -132,17 +140,22 @@ void tst_UserCatalogue::customUnitInTemperatureConvertsToZero()
     Settings settings;
     Session session;
     const ConversionEngine engine(catalogue, settings, session);
-    QCOMPARE(engine.UpdateResult(QStringLiteral("Celsius (°C)"), QStringLiteral("Réaumur"), QStringLiteral("100")).text,
-             QStringLiteral("0.000 000 E+0"));
+    QCOMPARE(engine
+                 .UpdateResult(QStringLiteral("Celsius (°C)"), QStringLiteral("Réaumur"),
+                     QStringLiteral("100"))
+                 .text,
+        QStringLiteral("0.000 000 E+0"));
 }
 
 void tst_UserCatalogue::unitsBeyondTheLimitAreNotLoaded()
 {
     SettingsStore::Batch batch(*m_store);
     for (int i = 0; i < 60; ++i)
-        m_store->RegWriteString(QStringLiteral("User\\Units\\Angle"), QStringLiteral("unit %1").arg(i), QStringLiteral("a1"));
+        m_store->RegWriteString(QStringLiteral("User\\Units\\Angle"),
+            QStringLiteral("unit %1").arg(i), QStringLiteral("a1"));
     const Catalogue catalogue = load();
-    QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount, Catalogue::MaxUnits);
+    QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount,
+        Catalogue::MaxUnits);
 }
 
 void tst_UserCatalogue::savedCatalogueLoadsBackTheSame()
@@ -153,13 +166,16 @@ void tst_UserCatalogue::savedCatalogueLoadsBackTheSame()
     edited.Units[mass][3].OnOff = 0;
     edited.resize(44);
     PhysicalQuantity &custom = edited.Quantities[44];
-    custom = PhysicalQuantity { QStringLiteral("Fuel \"economy\" [odd] = name"), 1, 2, QStringLiteral("km per litre"), 1 };
-    edited.Units[44][1] = UnitEntry { QStringLiteral("km per litre"), 1, 1, 1.0, 1, QStringLiteral("1") };
-    edited.Units[44][2] = UnitEntry { QStringLiteral("  mile\\gallon (US)  "), 0, 1, 0.425143707430272, 0,
-                                      QStringLiteral("0.425143707430272") };
+    custom = PhysicalQuantity { QStringLiteral("Fuel \"economy\" [odd] = name"), 1, 2,
+        QStringLiteral("km per litre"), 1 };
+    edited.Units[44][1]
+        = UnitEntry { QStringLiteral("km per litre"), 1, 1, 1.0, 1, QStringLiteral("1") };
+    edited.Units[44][2] = UnitEntry { QStringLiteral("  mile\\gallon (US)  "), 0, 1,
+        0.425143707430272, 0, QStringLiteral("0.425143707430272") };
     const int length = edited.findQuantity(QStringLiteral("Length"));
     const int slot = ++edited.Quantities[length].UnitCount;
-    edited.Units[length][slot] = UnitEntry { QStringLiteral("пядь"), 1, 1, 0.1778, 1, QStringLiteral("0.1778") };
+    edited.Units[length][slot]
+        = UnitEntry { QStringLiteral("пядь"), 1, 1, 0.1778, 1, QStringLiteral("0.1778") };
 
     UserCatalogue::SaveUserCatalogue(edited, *m_store);
     const Catalogue loaded = load();

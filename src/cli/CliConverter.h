@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// One conversion of the command line, done as the main window does it: the quantity becomes
+// the catalogue's current one and the value's raw text goes to ConversionEngine::UpdateResult,
+// so the result is the very text the result box would show. What the window would show in
+// message boxes comes back as error or warning texts, with the exit status they mean.
+#pragma once
+
+#include "cli/UnitLookup.h"
+#include "convert/ConversionEngine.h"
+#include "shell/Session.h"
+
+#include <QString>
+#include <QStringList>
+#include <QStringView>
+
+class Catalogue;
+class Settings;
+
+class CliConverter
+{
+public:
+    enum ExitStatus { Success = 0, ConversionFailed = 1, BadInput = 2 };
+
+    struct Outcome {
+        int exitStatus = Success;
+        QString text; // the result box's text; empty when nothing was converted
+        QString statusText; // the status bar's text on the figures
+        QStringList errors; // why nothing was converted
+        QString warning; // the value was corrected (a temperature below absolute zero)
+    };
+
+    CliConverter(Catalogue &catalogue, const Settings &settings);
+
+    // Converts value from one unit to another, the names resolved by the lookup.
+    Outcome convert(
+        const QString &value, const QString &from, const QString &to, const QString &quantity);
+    // The same for names already resolved.
+    Outcome convertResolved(const QString &value, const UnitLookup::Resolution &resolution);
+
+    UnitLookup &lookup() { return m_lookup; }
+
+    // A value is refused when pasting it would enter nothing: NumberFilter keeps nothing of it.
+    static bool isNumber(QStringView value);
+
+private:
+    Catalogue &m_catalogue;
+    Session m_session;
+    ConversionEngine m_engine;
+    UnitLookup m_lookup;
+};

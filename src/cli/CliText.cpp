@@ -1,0 +1,344 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+#include "cli/CliText.h"
+
+QString CliText::help()
+{
+    return QStringLiteral(R"help(Usage:
+  mensura-cli convert VALUE FROM_UNIT TO_UNIT [--quantity NAME] [options]
+  mensura-cli convert --batch [--quantity NAME] [options] < LINES
+  mensura-cli units [QUANTITY] [--tsv] [--all] [--hive FILE]
+  mensura-cli --help | --version
+
+Converts VALUE from FROM_UNIT into TO_UNIT and prints the result exactly as Mensura's
+main window shows it: as many significant figures as chosen but never more than the
+conversion factors justify, in regular or scientific notation, digits grouped in threes.
+
+Commands:
+  convert        Converts one value. With --batch, converts one line of standard input
+                 after the other.
+  units          Lists the quantities (in the main window's alphabetical order), or the
+                 units of QUANTITY with their factor text (how many default units one
+                 unit is) and whether that factor is exact.
+
+The value:
+  VALUE is read as the main window reads its value box: the number at its start counts
+  ("12kg" is 12, "1 234.5" is 1234.5, "+" alone is 0), "." is the decimal point and E, e,
+  D or d starts an exponent. A value that does not start like a number ("abc", "") is
+  refused. A negative value is written as it is ("-40"); "--" ends the options.
+
+Units and quantities:
+  Only the enabled quantities and their enabled units are used, as the main window lists
+  them (your own catalogue, or the one of --hive). A unit may be named by its full name
+  ("metre (m)") in any letter case, by its name without the parts in brackets ("metre"),
+  or by a symbol in brackets ("m"; letter case matters there). A quantity is named in
+  any letter case. Without --quantity, the quantity is the one that holds both units; a
+  match by full name is preferred to one by a shorter form. When several quantities hold
+  them equally well, or none holds both, nothing is converted and the candidates are named.
+
+Options:
+  --quantity NAME  Converts within that quantity (in batch mode: for the lines that do not
+                   name one).
+  --verbose        Also prints the status text (figures allowed and chosen) on a second
+                   line; in batch mode after a tab on the result line.
+  --batch          Reads lines VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY] from
+                   standard input and writes one line per input line, in order. A line that
+                   cannot be converted gives a line "error: line N: why" and the run goes
+                   on; the exit status is then 1.
+  --sigfigs N      Significant figures, 1 to 13 (default: the stored setting, else 7).
+  --scientific     Always scientific notation.
+  --regular        Regular notation between --min and --max (overrides a stored setting).
+  --no-triads      No blanks between groups of three digits.
+  --triads         Blanks between groups of three digits (overrides a stored setting).
+  --max X          Values above X are shown in scientific notation; X at most 1E+9
+                   (default: the stored setting, else 1000).
+  --min X          Values below X are shown in scientific notation; X at least 1E-9
+                   (default: the stored setting, else 0.1).
+  --hive FILE      Takes the settings and the custom quantities and units from this
+                   settings file. Without it your own settings are used ($MENSURA_HIVE, else
+                   Mensura's registry.reg); they are only read, never written.
+  --tsv            units: tab-separated lines for scripts:
+                     quantities: NAME, ENABLED UNITS, DEFAULT UNIT, builtin|custom, on|off
+                     units:      NAME, FACTOR, exact|inexact|formula, default|"",
+                                 builtin|custom, on|off
+  --all            units: also the switched-off quantities and units.
+  -h, --help       This text.
+  --version        The program's version.
+
+Temperature:
+  A temperature below absolute zero is taken as absolute zero, as the main window does:
+  the warning goes to standard error, the lowest temperature converted to standard
+  output, and the exit status stays 0 (a corrected value, not a failure).
+
+Exit status:
+  0  converted (or listed)
+  1  a conversion failed (a number too big to calculate, a division by zero): the
+     message goes to standard error; in batch mode, at least one line failed
+  2  a wrong command line: an unknown command, option, quantity or unit, a value that is
+     not a number, an option value out of range, a --hive file that cannot be read
+
+Examples:
+  mensura-cli convert 12 inch "metre (m)"
+  mensura-cli convert -40 Celsius Fahrenheit --sigfigs 3 --verbose
+  printf '12\tinch\tm\n100\tCelsius\tkelvin\n' | mensura-cli convert --batch
+  mensura-cli units Temperature --tsv
+)help");
+}
+
+QString CliText::version()
+{
+    return QStringLiteral("mensura-cli %1\n").arg(QStringLiteral(MENSURA_VERSION));
+}
+
+QString CliText::seeHelp()
+{
+    return QStringLiteral("Try \"mensura-cli --help\".");
+}
+
+QString CliText::unknownOption(const QString &option)
+{
+    return QStringLiteral("unknown option \"%1\". %2").arg(option, seeHelp());
+}
+
+QString CliText::missingOptionValue(const QString &option)
+{
+    return QStringLiteral("%1 needs a value. %2").arg(option, seeHelp());
+}
+
+QString CliText::unknownCommand(const QString &command)
+{
+    return QStringLiteral("unknown command \"%1\" (the commands are convert and units). %2")
+        .arg(command, seeHelp());
+}
+
+QString CliText::noCommand()
+{
+    return QStringLiteral("no command given (convert or units). %1").arg(seeHelp());
+}
+
+QString CliText::convertArguments()
+{
+    return QStringLiteral("convert takes VALUE FROM_UNIT TO_UNIT, or --batch. %1").arg(seeHelp());
+}
+
+QString CliText::batchTakesNoArguments()
+{
+    return QStringLiteral("convert --batch reads its conversions from standard input and takes "
+                          "no VALUE or units. %1")
+        .arg(seeHelp());
+}
+
+QString CliText::unitsArguments()
+{
+    return QStringLiteral("units takes at most one QUANTITY. %1").arg(seeHelp());
+}
+
+QString CliText::sigFigsRange(const QString &given)
+{
+    return QStringLiteral("--sigfigs must be a whole number from 1 to 13, not \"%1\".").arg(given);
+}
+
+QString CliText::maxRange(const QString &given)
+{
+    return QStringLiteral("--max must be a number no larger than 1E+9, not \"%1\".").arg(given);
+}
+
+QString CliText::minRange(const QString &given)
+{
+    return QStringLiteral("--min must be a number no smaller than 1E-9, not \"%1\".").arg(given);
+}
+
+QString CliText::hiveUnreadable(const QString &fileName)
+{
+    return QStringLiteral("cannot read the settings file \"%1\".").arg(fileName);
+}
+
+QString CliText::storeProblem(const QString &description)
+{
+    return QStringLiteral("the settings store holds a bad value: %1").arg(description);
+}
+
+QString CliText::notANumber(const QString &value)
+{
+    return QStringLiteral("\"%1\" is not a number.").arg(value);
+}
+
+static QString suggestionList(const QStringList &suggestions)
+{
+    if (suggestions.isEmpty())
+        return QString();
+    return QStringLiteral(" Closest names: ") + suggestions.join(QStringLiteral("; ")) + u'.';
+}
+
+QString CliText::unknownQuantity(const QString &name, const QStringList &suggestions)
+{
+    QString text = QStringLiteral("unknown quantity \"%1\".").arg(name);
+    if (suggestions.isEmpty())
+        return text + QStringLiteral(" \"mensura-cli units\" lists the quantities.");
+    return text + suggestionList(suggestions);
+}
+
+QString CliText::quantitySwitchedOff(const QString &name)
+{
+    return QStringLiteral("the quantity \"%1\" is switched off in the catalogue.").arg(name);
+}
+
+QString CliText::unknownUnit(
+    const QString &name, const QString &quantity, const QStringList &suggestions)
+{
+    QString text = quantity.isEmpty()
+        ? QStringLiteral("unknown unit \"%1\".").arg(name)
+        : QStringLiteral("unknown unit \"%1\" in %2.").arg(name, quantity);
+    if (suggestions.isEmpty())
+        return text + u' ' + unitListHint();
+    return text + suggestionList(suggestions);
+}
+
+QString CliText::unitSwitchedOff(const QString &name, const QString &quantity)
+{
+    return QStringLiteral("the unit \"%1\" of %2 is switched off in the catalogue.")
+        .arg(name, quantity);
+}
+
+QString CliText::ambiguousUnit(
+    const QString &name, const QString &quantity, const QStringList &candidates)
+{
+    return QStringLiteral("\"%1\" names several units of %2: %3. Give the full name.")
+        .arg(name, quantity, candidates.join(QStringLiteral("; ")));
+}
+
+QString CliText::noCommonQuantity(const QString &from, const QStringList &fromQuantities,
+    const QString &to, const QStringList &toQuantities)
+{
+    return QStringLiteral("no quantity holds both \"%1\" (%2) and \"%3\" (%4).")
+        .arg(from, fromQuantities.join(QStringLiteral(", ")), to,
+            toQuantities.join(QStringLiteral(", ")));
+}
+
+QString CliText::severalQuantities(
+    const QString &from, const QString &to, const QStringList &quantities)
+{
+    return QStringLiteral("\"%1\" and \"%2\" are units of several quantities: %3. "
+                          "Choose one with --quantity.")
+        .arg(from, to, quantities.join(QStringLiteral(", ")));
+}
+
+QString CliText::unitListHint()
+{
+    return QStringLiteral("\"mensura-cli units QUANTITY\" lists the units of a quantity.");
+}
+
+QString CliText::unitOfQuantity(const QString &unit, const QString &quantity)
+{
+    return QStringLiteral("%1 [%2]").arg(unit, quantity);
+}
+
+QString CliText::batchFieldCount()
+{
+    return QStringLiteral("expected VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY].");
+}
+
+QString CliText::batchLine(qint64 line, const QString &message)
+{
+    return QStringLiteral("line %1: %2").arg(line).arg(message);
+}
+
+QString CliText::batchFailures(qint64 failed, qint64 lines)
+{
+    return QStringLiteral("%1 of %2 lines could not be converted.").arg(failed).arg(lines);
+}
+
+QString CliText::readError()
+{
+    return QStringLiteral("cannot read standard input.");
+}
+
+QString CliText::errorPrefix()
+{
+    return QStringLiteral("error: ");
+}
+
+QString CliText::warningPrefix()
+{
+    return QStringLiteral("warning: ");
+}
+
+QString CliText::valueTakenAs(const QString &value)
+{
+    return QStringLiteral(" (value taken as %1)").arg(value);
+}
+
+QString CliText::quantityHeading(const QString &name, const QString &defaultUnit)
+{
+    return QStringLiteral("%1 (default unit: %2)").arg(name, defaultUnit);
+}
+
+QString CliText::unitsCount(int count)
+{
+    return count == 1 ? QStringLiteral("1 unit") : QStringLiteral("%1 units").arg(count);
+}
+
+QString CliText::defaultUnitColumn(const QString &unit)
+{
+    return QStringLiteral("default: %1").arg(unit);
+}
+
+QString CliText::marks(const QStringList &marks)
+{
+    return marks.join(QStringLiteral(", "));
+}
+
+QString CliText::customMark()
+{
+    return QStringLiteral("custom");
+}
+
+QString CliText::switchedOffMark()
+{
+    return QStringLiteral("switched off");
+}
+
+QString CliText::defaultMark()
+{
+    return QStringLiteral("default");
+}
+
+QString CliText::exactWord()
+{
+    return QStringLiteral("exact");
+}
+
+QString CliText::inexactWord()
+{
+    return QStringLiteral("inexact");
+}
+
+QString CliText::formulaWord()
+{
+    return QStringLiteral("formula");
+}
+
+QString CliText::byFormula()
+{
+    return QStringLiteral("by formula");
+}
+
+QString CliText::builtinWord()
+{
+    return QStringLiteral("builtin");
+}
+
+QString CliText::customWord()
+{
+    return QStringLiteral("custom");
+}
+
+QString CliText::onWord()
+{
+    return QStringLiteral("on");
+}
+
+QString CliText::offWord()
+{
+    return QStringLiteral("off");
+}

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// Every text the command line writes of its own: the usage text and the error and warning
+// messages. The converted values, status texts and conversion messages are the program's
+// own and come from the string table through the conversion engine; only the command line's
+// English usage lives here, in this one file.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class CliText
+{
+public:
+    static QString help();
+    static QString version();
+    static QString seeHelp();
+
+    // Argument errors
+    static QString unknownOption(const QString &option);
+    static QString missingOptionValue(const QString &option);
+    static QString unknownCommand(const QString &command);
+    static QString noCommand();
+    static QString convertArguments();
+    static QString batchTakesNoArguments();
+    static QString unitsArguments();
+    static QString sigFigsRange(const QString &given);
+    static QString maxRange(const QString &given);
+    static QString minRange(const QString &given);
+    static QString hiveUnreadable(const QString &fileName);
+    static QString storeProblem(const QString &description);
+
+    // Values and names
+    static QString notANumber(const QString &value);
+    static QString unknownQuantity(const QString &name, const QStringList &suggestions);
+    static QString quantitySwitchedOff(const QString &name);
+    static QString unknownUnit(
+        const QString &name, const QString &quantity, const QStringList &suggestions);
+    static QString unitSwitchedOff(const QString &name, const QString &quantity);
+    static QString ambiguousUnit(
+        const QString &name, const QString &quantity, const QStringList &candidates);
+    static QString noCommonQuantity(const QString &from, const QStringList &fromQuantities,
+        const QString &to, const QStringList &toQuantities);
+    static QString severalQuantities(
+        const QString &from, const QString &to, const QStringList &quantities);
+    static QString unitListHint();
+    static QString unitOfQuantity(const QString &unit, const QString &quantity);
+
+    // Batch
+    static QString batchFieldCount();
+    static QString batchLine(qint64 line, const QString &message);
+    static QString batchFailures(qint64 failed, qint64 lines);
+    static QString readError();
+
+    // Conversion messages on the error stream
+    static QString errorPrefix();
+    static QString warningPrefix();
+    static QString valueTakenAs(const QString &value);
+
+    // The units listing
+    static QString quantityHeading(const QString &name, const QString &defaultUnit);
+    static QString unitsCount(int count);
+    static QString defaultUnitColumn(const QString &unit);
+    static QString marks(const QStringList &marks);
+    static QString customMark();
+    static QString switchedOffMark();
+    static QString defaultMark();
+    static QString exactWord();
+    static QString inexactWord();
+    static QString formulaWord();
+    static QString byFormula();
+    static QString builtinWord();
+    static QString customWord();
+    static QString onWord();
+    static QString offWord();
+};

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// mensura-cli: Mensura's conversions from the command line, with the catalogue and settings
+// of the desktop program (its store only read, never written). It needs the core alone: no
+// window, no event loop, no application object.
+#include "catalogue/Catalogue.h"
+#include "cli/BatchConverter.h"
+#include "cli/CliConverter.h"
+#include "cli/CliText.h"
+#include "cli/CommandLine.h"
+#include "cli/OutputBuffer.h"
+#include "cli/UnitListing.h"
+#include "shell/Settings.h"
+#include "shell/SettingsStore.h"
+
+#include <cstdio>
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#ifdef Q_OS_WIN
+#include <fcntl.h>
+#include <io.h>
+#endif
+
+namespace
+{
+
+int listUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
+    OutputBuffer &errors)
+{
+    const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
+    if (commandLine.operands.isEmpty()) {
+        out.append(listing.quantities());
+        return CliConverter::Success;
+    }
+    const QString &name = commandLine.operands.first();
+    const int q = listing.findQuantity(name);
+    if (q == 0) {
+        UnitLookup lookup(catalogue);
+        errors.line(CliText::errorPrefix() + lookup.findQuantity(name).error);
+        return CliConverter::BadInput;
+    }
+    out.append(listing.units(q));
+    return CliConverter::Success;
+}
+
+int convertOne(const CommandLine &commandLine, Catalogue &catalogue, const Settings &settings,
+    OutputBuffer &out, OutputBuffer &errors)
+{
+    CliConverter converter(catalogue, settings);
+    const QStringList &operands = commandLine.operands;
+    const CliConverter::Outcome outcome
+        = converter.convert(operands[0], operands[1], operands[2], commandLine.quantity);
+    if (!outcome.warning.isEmpty())
+        errors.line(CliText::warningPrefix() + outcome.warning.simplified());
+    for (const QString &error : outcome.errors)
+        errors.line(CliText::errorPrefix() + error.simplified());
+    if (outcome.exitStatus == CliConverter::Success) {
+        out.line(outcome.text);
+        if (commandLine.verbose)
+            out.line(outcome.statusText);
+    }
+    return outcome.exitStatus;
+}
+
+int run(const CommandLine &commandLine, OutputBuffer &out, OutputBuffer &errors)
+{
+    switch (commandLine.command) {
+    case CommandLine::Command::Help:
+        out.append(CliText::help());
+        return CliConverter::Success;
+    case CommandLine::Command::Version:
+        out.append(CliText::version());
+        return CliConverter::Success;
+    default:
+        break;
+    }
+
+    if (!commandLine.hive.isEmpty()) {
+        const QFileInfo hive(commandLine.hive);
+        if (!hive.isFile() || !hive.isReadable()) {
+            errors.line(CliText::errorPrefix() + CliText::hiveUnreadable(commandLine.hive));
+            return CliConverter::BadInput;
+        }
+    }
+    const auto store = SettingsStore::open(commandLine.storeArguments(), true);
+    QList<RuntimeError> problems;
+    Catalogue catalogue;
+    catalogue.LoadCatalogue(*store, &problems);
+    Settings settings;
+    settings.LoadSettings(*store, &problems);
+    settings.LoadSigFigs(*store, &problems);
+    for (const RuntimeError &problem : std::as_const(problems))
+        errors.line(CliText::warningPrefix() + CliText::storeProblem(problem.description()));
+    commandLine.applyTo(settings);
+
+    switch (commandLine.command) {
+    case CommandLine::Command::Units:
+        return listUnits(commandLine, catalogue, out, errors);
+    case CommandLine::Command::Convert:
+        return convertOne(commandLine, catalogue, settings, out, errors);
+    case CommandLine::Command::Batch: {
+        CliConverter converter(catalogue, settings);
+        BatchConverter batch(converter, commandLine.quantity, commandLine.verbose);
+        return batch.run(stdin, out, errors);
+    }
+    default:
+        return CliConverter::BadInput;
+    }
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+#ifdef Q_OS_WIN
+    _setmode(_fileno(stdin), _O_BINARY);
+    _setmode(_fileno(stdout), _O_BINARY);
+#endif
+    // The desktop program's name, so that its settings store is the one found.
+    QCoreApplication::setApplicationName(QStringLiteral("mensura"));
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+
+    OutputBuffer out(stdout);
+    OutputBuffer errors(stderr, 1 << 12);
+    CommandLine commandLine;
+    if (!commandLine.parse(arguments)) {
+        errors.line(CliText::errorPrefix() + commandLine.error());
+        return CliConverter::BadInput;
+    }
+    const int status = run(commandLine, out, errors);
+    if (!out.flush())
+        return status == CliConverter::Success ? CliConverter::ConversionFailed : status;
+    return status;
+}
