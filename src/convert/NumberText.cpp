@@ -57,7 +57,8 @@ double parseClean(const CleanNumber &clean)
                 = point == std::string::npos ? std::string() : mantissa.substr(point + 1);
             magnitude = -long(fraction.find_first_not_of('0'));
         }
-        value = magnitude + exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+        // The exponent may be as large as strtol goes: compare without adding to it.
+        value = exponent > -magnitude ? std::numeric_limits<double>::infinity() : 0.0;
     } else if (ec != std::errc() || ptr == first) {
         value = 0;
     }

@@ -178,7 +178,9 @@ void HiveFile::parse(const QByteArray &data)
                 m_damaged = true; // a key of another hive: not ours to keep
                 continue;
             }
-            if (path.isEmpty() || path.contains(QStringLiteral("\\\\"))) {
+            // A NUL in a name could never be written back (it marks a file as damaged).
+            if (path.isEmpty() || path.contains(QStringLiteral("\\\\"))
+                || path.contains(QChar(0))) {
                 m_damaged = true;
                 continue;
             }
@@ -199,7 +201,7 @@ void HiveFile::parse(const QByteArray &data)
         if (trimmed.startsWith(u'@')) {
             pos = 1;
         } else if (trimmed.startsWith(u'"')) {
-            if (!readQuoted(trimmed, pos, name, unknownEscape)) {
+            if (!readQuoted(trimmed, pos, name, unknownEscape) || name.contains(QChar(0))) {
                 m_damaged = true;
                 continue;
             }

@@ -3,6 +3,9 @@
 #include "shell/SettingsStore.h"
 
 #include "shell/HiveFile.h"
+#ifdef Q_OS_WIN
+#include "shell/WinRegistryBackend.h"
+#endif
 
 #include <QDir>
 #include <QStandardPaths>
@@ -11,12 +14,8 @@ const QString SettingsStore::ProductKey = QStringLiteral("Software\\Mensura\\");
 
 static const QString NulText = QString(QChar(0));
 
-SettingsStore::SettingsStore(std::unique_ptr<SettingsBackend> backend)
-    : m_backend(std::move(backend))
-{
-}
-
-QString SettingsStore::hivePath(const QStringList &arguments)
+// The hive file named by "--hive FILE", "--hive=FILE" or $MENSURA_HIVE; empty when none is.
+static QString namedHivePath(const QStringList &arguments)
 {
     const auto option = arguments.indexOf(QStringLiteral("--hive"));
     if (option >= 0 && option + 1 < arguments.size())
@@ -24,9 +23,19 @@ QString SettingsStore::hivePath(const QStringList &arguments)
     for (const QString &argument : arguments)
         if (argument.startsWith(QStringLiteral("--hive=")))
             return argument.mid(7);
-    const QString fromEnvironment = qEnvironmentVariable("MENSURA_HIVE");
-    if (!fromEnvironment.isEmpty())
-        return fromEnvironment;
+    return qEnvironmentVariable("MENSURA_HIVE");
+}
+
+SettingsStore::SettingsStore(std::unique_ptr<SettingsBackend> backend)
+    : m_backend(std::move(backend))
+{
+}
+
+QString SettingsStore::hivePath(const QStringList &arguments)
+{
+    const QString named = namedHivePath(arguments);
+    if (!named.isEmpty())
+        return named;
     QString folder = QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation);
     if (folder.isEmpty())
         folder = QDir::homePath() + QStringLiteral("/.config/mensura");
@@ -35,6 +44,11 @@ QString SettingsStore::hivePath(const QStringList &arguments)
 
 std::unique_ptr<SettingsStore> SettingsStore::open(const QStringList &arguments, bool readOnly)
 {
+#ifdef Q_OS_WIN
+    // Windows keeps the settings in the registry itself; a hive file only when one is named.
+    if (namedHivePath(arguments).isEmpty())
+        return std::make_unique<SettingsStore>(std::make_unique<WinRegistryBackend>(readOnly));
+#endif
     return std::make_unique<SettingsStore>(
         std::make_unique<HiveFile>(hivePath(arguments), readOnly));
 }

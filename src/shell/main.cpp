@@ -1,33 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The desktop program's entry point.
-#include "catalogue/Catalogue.h"
-#include "catalogue/StringTable.h"
-#include "shell/Settings.h"
-#include "shell/SettingsStore.h"
+// The desktop program's entry point: the application object, then the start-up sequence. The
+// program ends when the main window has been closed for good, not when its last window hides
+// (it hides in the notification area).
+#include "main/frmMain.h"
+#include "shell/MessageBoxDialogs.h"
+#include "shell/Startup.h"
 
 #include <QApplication>
-#include <QMainWindow>
 
 int main(int argc, char *argv[])
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("mensura"));
     QApplication::setApplicationVersion(QStringLiteral(MENSURA_VERSION));
+    QApplication::setQuitOnLastWindowClosed(false);
 
-    auto store = SettingsStore::open(QApplication::arguments());
-    Catalogue catalogue;
-    catalogue.LoadCatalogue(*store);
-    Settings settings;
-    settings.LoadSettings(*store);
-    settings.LoadSigFigs(*store);
-
-    QMainWindow window;
-    window.setWindowTitle(StringTable::text(9));
-    window.resize(640, 480);
-    window.show();
-    const int status = app.exec();
-    store->close();
-    return status;
+    MessageBoxDialogs dialogs;
+    Startup startup(QApplication::arguments(), dialogs);
+    if (!startup.run())
+        return 0;
+    QObject::connect(
+        startup.window(), &frmMain::unloaded, &app, &QCoreApplication::quit, Qt::QueuedConnection);
+    return app.exec();
 }

@@ -20,6 +20,7 @@ private Q_SLOTS:
     void formatResult_data();
     void formatResult();
     void paddingCountsOnlySignificantZeros();
+    void zeroWithoutAMinimumIsWrittenPlainly();
     void formattingErrorsBecomeMessages_data();
     void formattingErrorsBecomeMessages();
     void groupedResultPastesBackAsTheSameNumber_data();
@@ -183,6 +184,24 @@ void tst_NumberFormat::paddingCountsOnlySignificantZeros()
     QCOMPARE(NumberFormat::FormatResult(0.05, x, x, settings).text, QStringLiteral("0.050 0"));
     settings.Triads = false;
     QCOMPARE(NumberFormat::FormatResult(0.05, x, x, settings).text, QStringLiteral("0.0500"));
+}
+
+void tst_NumberFormat::zeroWithoutAMinimumIsWrittenPlainly()
+{
+    // A stored minimum of 0 or below makes zero regular; it has no significant digit to pad,
+    // and padding must still come to an end.
+    Settings settings;
+    settings.MinNumber = 0;
+    const QString x = QStringLiteral("x");
+    const FormattedResult seven = NumberFormat::FormatResult(0.0, x, x, settings);
+    QVERIFY(!seven.notice);
+    QVERIFY(!seven.text.contains(u'E'));
+    QCOMPARE(NumberText::leadingNumber(seven.text), 0.0);
+    settings.MinNumber = -1;
+    settings.SigFigs = 1;
+    const FormattedResult one = NumberFormat::FormatResult(-0.0, x, x, settings);
+    QVERIFY(!one.text.contains(u'E'));
+    QCOMPARE(NumberText::leadingNumber(one.text), 0.0);
 }
 
 void tst_NumberFormat::formattingErrorsBecomeMessages_data()

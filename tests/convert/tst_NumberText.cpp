@@ -70,6 +70,9 @@ void tst_NumberText::leadingNumberBeyondDoubleRange()
     QVERIFY(std::isinf(NumberText::leadingNumber(u"-1e400")));
     QVERIFY(std::isinf(NumberText::leadingNumber(u"0.0001e313")));
     QCOMPARE(NumberText::leadingNumber(u"0.00001e-320"), 0.0);
+    // An exponent beyond what a long holds still overflows to infinity.
+    QVERIFY(std::isinf(NumberText::leadingNumber(u"133 E8888888888888888888888873")));
+    QCOMPARE(NumberText::leadingNumber(u"1e-8888888888888888888888888"), 0.0);
 }
 
 void tst_NumberText::strictReading_data()

@@ -25,6 +25,8 @@ private Q_SLOTS:
     void damagedFileIsReadAsFarAsItMakesSense_data();
     void damagedFileIsReadAsFarAsItMakesSense();
     void damagedFileIsKeptBeforeItIsOverwritten();
+    void savedDamagedFileReadsBackWhole_data();
+    void savedDamagedFileReadsBackWhole();
     void unwritableFolderReportsAnError();
     void readOnlyHiveNeverWrites();
 
@@ -218,6 +220,30 @@ void tst_HiveFile::damagedFileIsKeptBeforeItIsOverwritten()
     QVERIFY(!reread.damaged());
     QCOMPARE(reread.value(Settings, QStringLiteral("a")).value_or(QString()), QStringLiteral("1"));
     QCOMPARE(reread.value(Settings, QStringLiteral("d")).value_or(QString()), QStringLiteral("4"));
+}
+
+void tst_HiveFile::savedDamagedFileReadsBackWhole_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    const QByteArray good = "Windows Registry Editor Version 5.00\r\n\r\n"
+                            "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n\"a\"=\"1\"\r\n";
+    QTest::newRow("NUL in a key name")
+        << good + QByteArray("[HKEY_CURRENT_USER\\Software\\Mensura\\x\0y]\r\n\"b\"=\"2\"\r\n", 51);
+    QTest::newRow("NUL in a value name") << good + QByteArray("\"b\0c\"=\"2\"\r\n", 11);
+}
+
+void tst_HiveFile::savedDamagedFileReadsBackWhole()
+{
+    // What is kept of a damaged file must save as a file that reads back undamaged, or every
+    // later start would take its own file for a damaged one.
+    QFETCH(QByteArray, bytes);
+    HiveFile hive(write(bytes));
+    QVERIFY(hive.damaged());
+    QVERIFY(hive.flush());
+    HiveFile reread(m_file);
+    QVERIFY(!reread.damaged());
+    QCOMPARE(reread.serialize(), hive.serialize());
+    QCOMPARE(reread.value(Settings, QStringLiteral("a")).value_or(QString()), QStringLiteral("1"));
 }
 
 void tst_HiveFile::unwritableFolderReportsAnError()

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// The line edit of the value box. Typing goes in as typed; everything pasted (the paste keys,
+// the context menu's Paste, the middle button's selection paste) and everything dropped is
+// handed to the window instead, which puts in only the number the text starts with. Enter is
+// the window's too, and never reaches the combo box (which would otherwise insert the value
+// into its drop-down). Getting the focus selects the whole value, so that typing replaces it.
+#pragma once
+
+#include <QLineEdit>
+
+class ValueEdit : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit ValueEdit(QWidget *parent = nullptr);
+
+signals:
+    void enterPressed();
+    // fromSelection: the selection (middle-button) clipboard rather than the clipboard.
+    void pasteRequested(bool fromSelection);
+    void textDropped(const QString &text);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+};

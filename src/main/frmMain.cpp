@@ -1,0 +1,1485 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+#include "main/frmMain.h"
+
+#include "catalogue/Catalogue.h"
+#include "catalogue/StringTable.h"
+#include "convert/NumberFilter.h"
+#include "convert/NumberText.h"
+#include "main/FiguresIndicator.h"
+#include "main/MainWindowHook.h"
+#include "main/MainWindowStrings.h"
+#include "main/QuantityTabBar.h"
+#include "main/StatusPanel.h"
+#include "main/ValueEdit.h"
+#include "main/WindowPlacement.h"
+#include "shell/Dialogs.h"
+#include "shell/HiveFile.h"
+#include "shell/Session.h"
+#include "shell/Settings.h"
+#include "shell/SettingsStore.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QCollator>
+#include <QComboBox>
+#include <QDir>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QStatusTipEvent>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#ifdef Q_OS_WIN
+#include <qt_windows.h>
+#endif
+
+// The window's own values in the "settings" key; the options live in Settings.
+namespace Value
+{
+const QString WindowState = QStringLiteral("windowstate");
+const QString Left = QStringLiteral("left");
+const QString Top = QStringLiteral("top");
+const QString Width = QStringLiteral("width");
+const QString Height = QStringLiteral("height");
+const QString LastQuantity = QStringLiteral("currphysquan");
+const QString LastValue = QStringLiteral("currvalue");
+const QString LastUnit1 = QStringLiteral("currunit1");
+const QString LastUnit2 = QStringLiteral("currunit2");
+} // namespace Value
+
+namespace
+{
+
+// "windowstate": these codes, not the toolkit's own numbers, are what is stored.
+const QString Normal = QStringLiteral("0");
+const QString Maximised = QStringLiteral("1");
+const QString Minimised = QStringLiteral("2");
+
+constexpr int HistorySize = 10;
+constexpr int DefaultLeftTwips = 200;
+constexpr int DefaultTopTwips = 200;
+constexpr int DefaultWidthTwips = 9250;
+constexpr int HeightBelowScreenTwips = 800;
+constexpr int DecimalsPanelMinimumTwips = 1500;
+constexpr int ScientificPanelTwips = 500;
+
+QString text(int id)
+{
+    return StringTable::text(id);
+}
+
+// The hidden alphabetical list sorts its names as people read them (small and capital letters
+// alike, in the user's language), not by character code.
+class AlphabetItem : public QListWidgetItem
+{
+public:
+    using QListWidgetItem::QListWidgetItem;
+    bool operator<(const QListWidgetItem &other) const override
+    {
+        static const QCollator collator = [] {
+            QCollator made;
+            made.setCaseSensitivity(Qt::CaseInsensitive);
+            made.setNumericMode(true);
+            return made;
+        }();
+        const int order = collator.compare(text(), other.text());
+        return order != 0 ? order < 0 : text() < other.text();
+    }
+};
+
+} // namespace
+
+frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, SettingsStore &store,
+    Dialogs &dialogs, QWidget *parent)
+    : QMainWindow(parent)
+    , m_catalogue(catalogue)
+    , m_settings(settings)
+    , m_session(session)
+    , m_store(store)
+    , m_dialogs(dialogs)
+    , m_engine(catalogue, settings, session)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    createControls();
+    createMenus();
+    createStatusBar();
+    createShortcuts();
+    setTexts();
+    connectControls();
+    connectMenus();
+
+    showNumberStyle();
+    mnualwaystoponoff[1]->setChecked(true);
+    setMarkEnabled(false);
+    showMarkedCount();
+
+    m_hook = new MainWindowHook(this, m_settings, m_store, m_dialogs, mnuSysTray);
+    connect(m_hook, &MainWindowHook::restored, this, [this] { txtLeft->setFocus(); });
+    connect(m_hook, &MainWindowHook::storeWritten, this, &frmMain::reportStoreFailure);
+}
+
+frmMain::~frmMain()
+{
+    // The controls outlive this part of the window while QWidget's destructor deletes them, and
+    // some still signal then (the value box reports losing the focus): nothing may reach here.
+    for (QObject *child : findChildren<QObject *>()) {
+        disconnect(child, nullptr, this, nullptr);
+        child->removeEventFilter(this);
+    }
+}
+
+// ---------------------------------------------------------------------------------------------
+// Building the window
+
+void frmMain::createControls()
+{
+    auto *client = new QWidget(this);
+    client->setObjectName(QStringLiteral("frmMainClient"));
+    auto *clientLayout = new QVBoxLayout(client);
+    clientLayout->setContentsMargins(0, 0, 0, 0);
+    clientLayout->setSpacing(0);
+
+    // The etched line under the menu bar.
+    Label2 = new QLabel(client);
+    Label2->setObjectName(QStringLiteral("Label2"));
+    Label2->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    Label2->setFixedHeight(2);
+    clientLayout->addWidget(Label2);
+
+    tabMain = new QuantityTabBar(client);
+    tabMain->setObjectName(QStringLiteral("tabMain"));
+    auto *tabRow = new QHBoxLayout;
+    tabRow->setContentsMargins(6, 6, 6, 0);
+    tabRow->addWidget(tabMain);
+    clientLayout->addLayout(tabRow);
+
+    lstAlphabet = new QListWidget(client);
+    lstAlphabet->setObjectName(QStringLiteral("lstAlphabet"));
+    lstAlphabet->setSortingEnabled(true);
+    lstAlphabet->hide();
+
+    picMain = new QWidget(client);
+    picMain->setObjectName(QStringLiteral("picMain"));
+    picMain->setContextMenuPolicy(Qt::CustomContextMenu);
+    clientLayout->addWidget(picMain, 1);
+    setCentralWidget(client);
+
+    // The second etched line, under the quantity buttons when they are drawn as buttons.
+    Label3 = new QLabel(picMain);
+    Label3->setObjectName(QStringLiteral("Label3"));
+    Label3->setFrameStyle(QFrame::HLine | QFrame::Sunken);
+    Label3->setFixedHeight(2);
+
+    lblUnitLeft = new QLabel(picMain);
+    lblUnitLeft->setObjectName(QStringLiteral("lblUnitLeft"));
+    lblUnitRight = new QLabel(picMain);
+    lblUnitRight->setObjectName(QStringLiteral("lblUnitRight"));
+    lblEqualSign = new QLabel(picMain);
+    lblEqualSign->setObjectName(QStringLiteral("lblEqualSign"));
+    lblEqualSign->setAlignment(Qt::AlignCenter);
+
+    txtLeft = new QComboBox(picMain);
+    txtLeft->setObjectName(QStringLiteral("txtLeft"));
+    m_valueEdit = new ValueEdit(txtLeft);
+    txtLeft->setLineEdit(m_valueEdit);
+    txtLeft->setInsertPolicy(QComboBox::NoInsert);
+    // Typing is never completed from the history: a value is exactly what was typed.
+    txtLeft->setCompleter(nullptr);
+    txtLeft->setDuplicatesEnabled(false);
+    // The box keeps its size whatever the history holds (a pasted value can be very long).
+    txtLeft->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    txtLeft->setMinimumContentsLength(8);
+    txtLeft->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+
+    txtRight = new QLineEdit(picMain);
+    txtRight->setObjectName(QStringLiteral("txtRight"));
+    txtRight->setReadOnly(true);
+    txtRight->setMinimumWidth(fontMetrics().averageCharWidth() * 8);
+    txtRight->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+
+    Shape1 = new FiguresIndicator(picMain);
+    Shape1->setObjectName(QStringLiteral("Shape1"));
+
+    cmdIncreaseSigFigs = new QToolButton(picMain);
+    cmdIncreaseSigFigs->setObjectName(QStringLiteral("cmdIncreaseSigFigs"));
+    cmdIncreaseSigFigs->setArrowType(Qt::UpArrow);
+    cmdDecreaseSigFigs = new QToolButton(picMain);
+    cmdDecreaseSigFigs->setObjectName(QStringLiteral("cmdDecreaseSigFigs"));
+    cmdDecreaseSigFigs->setArrowType(Qt::DownArrow);
+    const int arrowHeight = qMax(txtRight->sizeHint().height() / 2, 8);
+    for (QToolButton *button : { cmdIncreaseSigFigs, cmdDecreaseSigFigs }) {
+        button->setFixedSize(qRound(arrowHeight * 1.6), arrowHeight);
+        button->setIconSize(QSize(arrowHeight - 4, arrowHeight - 4));
+        button->setFocusPolicy(Qt::TabFocus);
+    }
+
+    lstLeft = new QListWidget(picMain);
+    lstLeft->setObjectName(QStringLiteral("lstLeft"));
+    lstRight = new QListWidget(picMain);
+    lstRight->setObjectName(QStringLiteral("lstRight"));
+    for (QListWidget *list : { lstLeft, lstRight }) {
+        list->setSelectionMode(QAbstractItemView::SingleSelection);
+        list->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+        list->setContextMenuPolicy(Qt::CustomContextMenu);
+        list->setMinimumHeight(fontMetrics().height() * 4);
+    }
+
+    lblUnitLeft->setBuddy(txtLeft);
+    lblUnitRight->setBuddy(txtRight);
+
+    // Two sides of equal width with the equals sign between them; the lists take the height.
+    auto *grid = new QGridLayout(picMain);
+    grid->setContentsMargins(8, 4, 8, 8);
+    grid->setHorizontalSpacing(6);
+    grid->setVerticalSpacing(4);
+    grid->addWidget(Label3, 0, 0, 1, 3);
+    grid->addWidget(lblUnitLeft, 1, 0);
+    grid->addWidget(lblUnitRight, 1, 2);
+    grid->addWidget(txtLeft, 2, 0);
+    grid->addWidget(lblEqualSign, 2, 1);
+    auto *resultRow = new QHBoxLayout;
+    resultRow->setSpacing(3);
+    resultRow->addWidget(txtRight, 1);
+    resultRow->addWidget(Shape1, 0, Qt::AlignVCenter);
+    auto *arrows = new QVBoxLayout;
+    arrows->setSpacing(0);
+    arrows->addWidget(cmdIncreaseSigFigs);
+    arrows->addWidget(cmdDecreaseSigFigs);
+    resultRow->addLayout(arrows);
+    grid->addLayout(resultRow, 2, 2);
+    grid->addWidget(lstLeft, 3, 0);
+    grid->addWidget(lstRight, 3, 2);
+    grid->setColumnStretch(0, 1);
+    grid->setColumnStretch(2, 1);
+    grid->setRowStretch(3, 1);
+
+    setTabOrder(txtLeft, lstLeft);
+    setTabOrder(lstLeft, lstRight);
+    setTabOrder(lstRight, cmdIncreaseSigFigs);
+    setTabOrder(cmdIncreaseSigFigs, cmdDecreaseSigFigs);
+    setTabOrder(cmdDecreaseSigFigs, txtRight);
+    setTabOrder(txtRight, tabMain);
+}
+
+QMenu *frmMain::newMenu(const char *name, QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    menu->setObjectName(QString::fromLatin1(name));
+    return menu;
+}
+
+QAction *frmMain::newAction(const char *name, QMenu *menu)
+{
+    // Actions belong to the window, so that their help lines reach its status bar also from
+    // the pop-up menus.
+    auto *action = new QAction(this);
+    action->setObjectName(QString::fromLatin1(name));
+    if (menu)
+        menu->addAction(action);
+    return action;
+}
+
+static void addSeparator(QMenu *menu)
+{
+    menu->addSeparator()->setObjectName(QStringLiteral("sep"));
+}
+
+void frmMain::createMenus()
+{
+    QMenuBar *bar = menuBar();
+
+    mnuFile = newMenu("mnuFile", this);
+    mnuFileLoad = newAction("mnuFileLoad", mnuFile);
+    addSeparator(mnuFile);
+    mnuFilePrintAllConvForItem = newAction("mnuFilePrintAllConvForItem", mnuFile);
+    mnuFileSaveAllConvForItem = newAction("mnuFileSaveAllConvForItem", mnuFile);
+    addSeparator(mnuFile);
+    mnuFileExit = newAction("mnuFileExit", mnuFile);
+    bar->addMenu(mnuFile);
+
+    mnuEdit = newMenu("mnuEdit", this);
+    mnueditedit[0] = newAction("mnueditedit_0", mnuEdit);
+    mnueditedit[1] = newAction("mnueditedit_1", mnuEdit);
+    mnueditCopyWholeConv = newAction("mnueditCopyWholeConv", mnuEdit);
+    addSeparator(mnuEdit);
+    mnueditswitch = newAction("mnueditswitch", mnuEdit);
+    bar->addMenu(mnuEdit);
+
+    mnuview = newMenu("mnuview", this);
+    mnuviewphys = newAction("mnuviewphys", mnuview);
+    mnuviewmetric = newAction("mnuviewmetric", mnuview);
+    mnuviewSIUnits = newAction("mnuviewSIUnits", mnuview);
+    addSeparator(mnuview);
+    mnuviewcalc = newAction("mnuviewcalc", mnuview);
+    bar->addMenu(mnuview);
+
+    mnurecords = newMenu("mnurecords", this);
+    mnurecordsadd = newAction("mnurecordsadd", mnurecords);
+    mnurecordsAddAll = newAction("mnurecordsAddAll", mnurecords);
+    mnurecordspurge = newAction("mnurecordspurge", mnurecords);
+    mnuRecordsView = newAction("mnuRecordsView", mnurecords);
+    addSeparator(mnurecords);
+    mnuRecordsFind = newAction("mnuRecordsFind", mnurecords);
+    addSeparator(mnurecords);
+    mnufilesetopt = newAction("mnufilesetopt", mnurecords);
+    mnualwaystop = newMenu("mnualwaystop", mnurecords);
+    mnualwaystoponoff[0] = newAction("mnualwaystoponoff_0", mnualwaystop);
+    mnualwaystoponoff[1] = newAction("mnualwaystoponoff_1", mnualwaystop);
+    m_onTopGroup = new QActionGroup(this);
+    for (QAction *item : mnualwaystoponoff) {
+        item->setCheckable(true);
+        m_onTopGroup->addAction(item);
+    }
+    mnurecords->addMenu(mnualwaystop);
+    bar->addMenu(mnurecords);
+
+    mnuHelp = newMenu("mnuHelp", this);
+    mnuhelphelp = newAction("mnuhelphelp", mnuHelp);
+    addSeparator(mnuHelp);
+    mnuHelpWeb = newMenu("mnuHelpWeb", mnuHelp);
+    mnuHelpWebMensura = newAction("mnuHelpWebMensura", mnuHelpWeb);
+    mnuHelpWebGeneralInfo = newAction("mnuHelpWebGeneralInfo", mnuHelpWeb);
+    mnuHelpWebOverview = newAction("mnuHelpWebOverview", mnuHelpWeb);
+    mnuHelp->addMenu(mnuHelpWeb);
+    addSeparator(mnuHelp);
+    mnuhelpabout = newAction("mnuhelpabout", mnuHelp);
+    addSeparator(mnuHelp);
+    mnuHelpExit = newAction("mnuHelpExit", mnuHelp);
+    bar->addMenu(mnuHelp);
+
+    // The pop-up menu of the conversion panel and the unit lists.
+    mnuview2 = newMenu("mnuview2", this);
+    mnuview2phys = newAction("mnuview2phys", mnuview2);
+    mnuview2metric = newAction("mnuview2metric", mnuview2);
+    addSeparator(mnuview2);
+    mnuview2numfor = newAction("mnuview2numfor", mnuview2);
+    mnuview2->setDefaultAction(mnuview2numfor);
+    addSeparator(mnuview2);
+    mnuview2edit[0] = newAction("mnuview2edit_0", mnuview2);
+    mnuview2edit[1] = newAction("mnuview2edit_1", mnuview2);
+    mnuview2switch = newAction("mnuview2switch", mnuview2);
+    addSeparator(mnuview2);
+    mnuview2records = newAction("mnuview2records", mnuview2);
+    mnuview2find = newAction("mnuview2find", mnuview2);
+
+    // The tray icon's menu.
+    mnuSysTray = newMenu("mnuSysTray", this);
+    mnuSysTrayShowMensura = newAction("mnuSysTrayShowMensura", mnuSysTray);
+    mnuSysTray->setDefaultAction(mnuSysTrayShowMensura);
+    addSeparator(mnuSysTray);
+    mnuSysTrayExit = newAction("mnuSysTrayExit", mnuSysTray);
+
+    // Nothing is marked at start.
+    mnurecordspurge->setEnabled(false);
+    mnuRecordsView->setEnabled(false);
+    mnuview2records->setEnabled(false);
+}
+
+void frmMain::createStatusBar()
+{
+    StatusBar = new QStatusBar(this);
+    StatusBar->setObjectName(QStringLiteral("StatusBar"));
+    setStatusBar(StatusBar);
+    const char *names[]
+        = { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3", "StatusBarPanel4" };
+    const char *icons[] = { "cardfileicon", "markicon", "calcicon", nullptr };
+    for (int i = 0; i < 4; ++i) {
+        StatusBarPanel[i] = new StatusPanel(QString::fromLatin1(names[i]), icons[i], StatusBar);
+        // Panels are ordinary (not permanent) widgets: a menu's help line covers all of them.
+        StatusBar->addWidget(StatusBarPanel[i], i == 2 ? 1 : 0);
+    }
+    StatusBarPanel[2]->setMinimumPanelWidth(
+        WindowPlacement::twipsToPixels(DecimalsPanelMinimumTwips, dotsPerInchX()));
+}
+
+void frmMain::createShortcuts()
+{
+    // The window sees these keys before any of its controls does.
+    const auto add = [this](const QKeySequence &keys, auto handler) {
+        auto *shortcut = new QShortcut(keys, this);
+        connect(shortcut, &QShortcut::activated, this, handler);
+    };
+    add(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { stepTab(1); });
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), [this] { stepTab(-1); });
+    add(QKeySequence(Qt::CTRL | Qt::Key_1), [this] {
+        txtLeft->setEditText(QStringLiteral("1"));
+        lstLeft->setFocus();
+    });
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::ALT | Qt::Key_I),
+        [this] { cmdIncreaseSigFigs_Click(); });
+    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::ALT | Qt::Key_D),
+        [this] { cmdDecreaseSigFigs_Click(); });
+}
+
+void frmMain::setTexts()
+{
+    setWindowTitle(text(MainText::ProgramTitle));
+
+    const auto menu = [](QMenu *item, int caption, int help = 0) {
+        item->setTitle(text(caption));
+        if (help)
+            item->menuAction()->setStatusTip(text(help));
+    };
+    const auto item = [](QAction *action, int caption, int help = 0) {
+        action->setText(text(caption));
+        if (help)
+            action->setStatusTip(text(help));
+    };
+
+    menu(mnuFile, MainText::FileMenu);
+    item(mnuFileLoad, MainText::LoadConversions, MainText::LoadConversionsHelp);
+    item(mnuFilePrintAllConvForItem, MainText::PrintAllForItem, MainText::PrintAllForItemHelp);
+    item(mnuFileSaveAllConvForItem, MainText::SaveAllForItem, MainText::SaveAllForItemHelp);
+    item(mnuFileExit, MainText::Exit, MainText::ExitHelp);
+    menu(mnuEdit, MainText::EditMenu);
+    item(mnueditedit[0], MainText::CopyValue, MainText::CopyValueHelp);
+    item(mnueditedit[1], MainText::Paste, MainText::PasteHelp);
+    item(mnueditCopyWholeConv, MainText::CopyWholeConversion, MainText::CopyWholeConversionHelp);
+    item(mnueditswitch, MainText::SwapUnits, MainText::SwapUnitsHelp);
+    menu(mnuview, MainText::ViewMenu);
+    item(mnuviewphys, MainText::PhysicalConstants, MainText::PhysicalConstantsHelp);
+    item(mnuviewmetric, MainText::MetricPrefixes, MainText::MetricPrefixesHelp);
+    item(mnuviewSIUnits, MainText::SIUnits, MainText::SIUnitsHelp);
+    item(mnuviewcalc, MainText::ShellProgram, MainText::ShellProgramHelp);
+    menu(mnurecords, MainText::ToolsMenu);
+    item(mnurecordsadd, MainText::MarkConversion, MainText::MarkConversionHelp);
+    item(mnurecordsAddAll, MainText::AddAll, MainText::AddAllHelp);
+    item(mnurecordspurge, MainText::DeleteMarked, MainText::DeleteMarkedHelp);
+    item(mnuRecordsView, MainText::ViewMarked, MainText::ViewMarkedHelp);
+    item(mnuRecordsFind, MainText::FindUnit, MainText::FindUnitHelp);
+    item(mnufilesetopt, MainText::Options, MainText::OptionsHelp);
+    menu(mnualwaystop, MainText::AlwaysOnTop, MainText::AlwaysOnTopHelp);
+    item(mnualwaystoponoff[0], MainText::On);
+    item(mnualwaystoponoff[1], MainText::Off);
+    menu(mnuHelp, MainText::HelpMenu);
+    item(mnuhelphelp, MainText::HelpContents, MainText::HelpContentsHelp);
+    menu(mnuHelpWeb, MainText::WebResources, MainText::WebResourcesHelp);
+    item(mnuHelpWebMensura, MainText::WebMensura, MainText::WebMensuraHelp);
+    item(mnuHelpWebGeneralInfo, MainText::WebGeneralInfo);
+    item(mnuHelpWebOverview, MainText::WebOverview);
+    item(mnuhelpabout, MainText::About, MainText::AboutHelp);
+    item(mnuHelpExit, MainText::Exit, MainText::ExitHelp);
+
+    item(mnuview2phys, MainText::PhysicalConstants, MainText::PhysicalConstantsHelp);
+    item(mnuview2metric, MainText::MetricPrefixes, MainText::MetricPrefixesHelp);
+    item(mnuview2numfor, MainText::Options, MainText::OptionsHelp);
+    item(mnuview2edit[0], MainText::CopyValue, MainText::CopyValueHelp);
+    item(mnuview2edit[1], MainText::Paste, MainText::PasteHelp);
+    item(mnuview2switch, MainText::SwapUnits, MainText::SwapUnitsHelp);
+    item(mnuview2records, MainText::ViewMarked, MainText::ViewMarkedHelp);
+    item(mnuview2find, MainText::FindUnit, MainText::FindUnitHelp);
+    item(mnuSysTrayShowMensura, MainText::ShowMensura);
+    item(mnuSysTrayExit, MainText::Exit);
+
+    lblUnitLeft->setText(text(MainText::InitialUnit));
+    lblUnitRight->setText(text(MainText::ConvertedUnit));
+    lblEqualSign->setText(text(MainText::EqualSign));
+    cmdIncreaseSigFigs->setToolTip(text(MainText::IncreaseFigures));
+    cmdDecreaseSigFigs->setToolTip(text(MainText::DecreaseFigures));
+    Shape1->setToolTip(text(MainText::IndicatorTip));
+
+    StatusBarPanel[0]->setToolTip(text(MainText::MarkedCountTip));
+    StatusBarPanel[1]->setText(text(MainText::MarkPanel));
+    StatusBarPanel[1]->setToolTip(text(MainText::MarkPanelTip));
+    StatusBarPanel[2]->setText(text(MainText::DecimalsPanel));
+    StatusBarPanel[2]->setToolTip(text(MainText::DecimalsPanelTip));
+    StatusBarPanel[3]->setText(text(MainText::ScientificPanel));
+    StatusBarPanel[3]->setToolTip(text(MainText::ScientificPanelTip));
+    // A panel of fixed width, wide enough for its text.
+    StatusBarPanel[3]->setFixedWidth(
+        qMax(WindowPlacement::twipsToPixels(ScientificPanelTwips, dotsPerInchX()),
+            StatusBarPanel[3]->minimumSizeHint().width()));
+
+    // What assistive technology reads. The combo box's own name is always its text, so the
+    // value box is named on its line edit and described on the combo box.
+    txtLeft->lineEdit()->setAccessibleName(text(MainText::ValueName));
+    txtLeft->setAccessibleDescription(text(MainText::ValueName));
+    lstLeft->setAccessibleName(text(MainText::LeftListName));
+    lstRight->setAccessibleName(text(MainText::RightListName));
+    txtRight->setAccessibleName(text(MainText::ResultName));
+    cmdIncreaseSigFigs->setAccessibleName(text(MainText::IncreaseName));
+    cmdDecreaseSigFigs->setAccessibleName(text(MainText::DecreaseName));
+    StatusBarPanel[0]->setAccessibleName(text(MainText::MarkedCountName));
+    StatusBarPanel[1]->setAccessibleName(text(MainText::MarkPanelName));
+    StatusBarPanel[2]->setAccessibleName(text(MainText::DecimalsPanelName));
+    StatusBarPanel[3]->setAccessibleName(text(MainText::ScientificPanelName));
+    Shape1->setAccessibleName(text(MainText::IndicatorName));
+    Shape1->setAccessibleDescription(text(MainText::IndicatorTip));
+}
+
+void frmMain::connectControls()
+{
+    // The result follows every change of the value and of either selection, however it is made
+    // (typing, the history, the mouse, the keyboard, assistive technology, another window).
+    connect(txtLeft, &QComboBox::editTextChanged, this, &frmMain::txtLeft_Change);
+    connect(txtLeft, &QComboBox::activated, this, &frmMain::txtLeft_Click);
+    connect(lstLeft, &QListWidget::itemSelectionChanged, this, &frmMain::lstLeft_Click);
+    connect(lstRight, &QListWidget::itemSelectionChanged, this, &frmMain::lstRight_Click);
+    connect(tabMain, &QTabBar::currentChanged, this, &frmMain::tabMain_Click);
+    connect(cmdIncreaseSigFigs, &QToolButton::clicked, this, &frmMain::cmdIncreaseSigFigs_Click);
+    connect(cmdDecreaseSigFigs, &QToolButton::clicked, this, &frmMain::cmdDecreaseSigFigs_Click);
+
+    for (int i = 0; i < 4; ++i) {
+        connect(StatusBarPanel[i], &StatusPanel::clicked, this,
+            [this, i] { StatusBar_PanelClick(i + 1); });
+        connect(StatusBarPanel[i], &StatusPanel::doubleClicked, this,
+            [this, i] { StatusBar_PanelDblClick(i + 1); });
+    }
+
+    const auto popUp = [this](QWidget *widget) {
+        return [this, widget](const QPoint &pos) { mnuview2->popup(widget->mapToGlobal(pos)); };
+    };
+    connect(picMain, &QWidget::customContextMenuRequested, this, popUp(picMain));
+    connect(lstLeft, &QWidget::customContextMenuRequested, this, popUp(lstLeft->viewport()));
+    connect(lstRight, &QWidget::customContextMenuRequested, this, popUp(lstRight->viewport()));
+
+    connect(m_valueEdit, &ValueEdit::enterPressed, this, &frmMain::txtLeft_KeyEnter);
+    connect(m_valueEdit, &ValueEdit::pasteRequested, this, &frmMain::pasteValue);
+    connect(m_valueEdit, &ValueEdit::textDropped, this, &frmMain::pasteText);
+    for (QListWidget *list : { lstLeft, lstRight }) {
+        list->installEventFilter(this);
+        list->viewport()->installEventFilter(this);
+    }
+    lblUnitLeft->installEventFilter(this);
+    lblUnitRight->installEventFilter(this);
+}
+
+void frmMain::connectMenus()
+{
+    connect(mnuFile, &QMenu::aboutToShow, this, &frmMain::mnuFile_Open);
+    connect(mnuEdit, &QMenu::aboutToShow, this, &frmMain::mnuEdit_Open);
+    connect(mnurecords, &QMenu::aboutToShow, this, &frmMain::mnurecords_Open);
+    connect(mnuview2, &QMenu::aboutToShow, this, &frmMain::mnuview2_Open);
+    for (QMenu *menu : { mnuFile, mnuEdit, mnuview, mnurecords, mnuHelp, mnuview2 }) {
+        connect(menu, &QMenu::aboutToShow, this, [this] { showHelpLine(QString(), true); });
+        // The bar goes back to its panels once no menu is open any more.
+        connect(menu, &QMenu::aboutToHide, this, [this] {
+            QTimer::singleShot(0, this, [this] {
+                if (!QApplication::activePopupWidget())
+                    StatusBar->clearMessage();
+            });
+        });
+    }
+
+    connect(mnuFileLoad, &QAction::triggered, this, &frmMain::mnuFileLoad_Click);
+    connect(mnuFilePrintAllConvForItem, &QAction::triggered, this,
+        &frmMain::mnuFilePrintAllConvForItem_Click);
+    connect(mnuFileSaveAllConvForItem, &QAction::triggered, this,
+        &frmMain::mnuFileSaveAllConvForItem_Click);
+    connect(mnuFileExit, &QAction::triggered, this, &QWidget::close);
+    for (int i = 0; i < 2; ++i) {
+        connect(mnueditedit[i], &QAction::triggered, this, [this, i] { mnueditedit_Click(i); });
+        connect(mnuview2edit[i], &QAction::triggered, this, [this, i] { mnueditedit_Click(i); });
+        connect(mnualwaystoponoff[i], &QAction::triggered, this,
+            [this, i] { mnualwaystoponoff_Click(i); });
+    }
+    connect(mnueditCopyWholeConv, &QAction::triggered, this, &frmMain::mnueditCopyWholeConv_Click);
+    connect(mnueditswitch, &QAction::triggered, this, &frmMain::mnueditswitch_Click);
+    connect(mnuviewphys, &QAction::triggered, this, &frmMain::mnuviewphys_Click);
+    connect(mnuviewmetric, &QAction::triggered, this, &frmMain::mnuviewmetric_Click);
+    connect(mnuviewSIUnits, &QAction::triggered, this, &frmMain::mnuviewSIUnits_Click);
+    connect(mnuviewcalc, &QAction::triggered, this, &frmMain::mnuviewcalc_Click);
+    connect(mnurecordsadd, &QAction::triggered, this, &frmMain::mnurecordsadd_Click);
+    connect(mnurecordsAddAll, &QAction::triggered, this, &frmMain::mnurecordsAddAll_Click);
+    connect(mnurecordspurge, &QAction::triggered, this, &frmMain::mnurecordspurge_Click);
+    connect(mnuRecordsView, &QAction::triggered, this, &frmMain::mnuRecordsView_Click);
+    connect(mnuRecordsFind, &QAction::triggered, this, &frmMain::mnuRecordsFind_Click);
+    connect(mnufilesetopt, &QAction::triggered, this, &frmMain::mnufilesetopt_Click);
+    connect(mnuhelphelp, &QAction::triggered, this, &frmMain::mnuhelphelp_Click);
+    connect(mnuHelpWebMensura, &QAction::triggered, this, &frmMain::mnuHelpWebMensura_Click);
+    connect(
+        mnuHelpWebGeneralInfo, &QAction::triggered, this, &frmMain::mnuHelpWebGeneralInfo_Click);
+    connect(mnuHelpWebOverview, &QAction::triggered, this, &frmMain::mnuHelpWebOverview_Click);
+    connect(mnuhelpabout, &QAction::triggered, this, &frmMain::mnuhelpabout_Click);
+    connect(mnuHelpExit, &QAction::triggered, this, &QWidget::close);
+    connect(mnuview2phys, &QAction::triggered, this, &frmMain::mnuviewphys_Click);
+    connect(mnuview2metric, &QAction::triggered, this, &frmMain::mnuviewmetric_Click);
+    connect(mnuview2numfor, &QAction::triggered, this, &frmMain::mnufilesetopt_Click);
+    connect(mnuview2switch, &QAction::triggered, this, &frmMain::mnueditswitch_Click);
+    connect(mnuview2records, &QAction::triggered, this, &frmMain::mnuRecordsView_Click);
+    connect(mnuview2find, &QAction::triggered, this, &frmMain::mnuRecordsFind_Click);
+    connect(
+        mnuSysTrayShowMensura, &QAction::triggered, this, &frmMain::mnuSysTrayShowMensura_Click);
+    connect(mnuSysTrayExit, &QAction::triggered, this, &QWidget::close);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Start-up and the options
+
+void frmMain::BuildQuantityTabs(const QString &selectName)
+{
+    m_catalogue.CurrentQuantity = 0;
+    m_buildingTabs = true;
+    lstAlphabet->clear();
+
+    for (int q = 1; q <= m_catalogue.QuantityCount; ++q) {
+        const PhysicalQuantity &quantity = m_catalogue.Quantities.at(q);
+        if (!quantity.enabled() || quantity.Name.isEmpty())
+            continue;
+        auto *item = new AlphabetItem(quantity.Name);
+        item->setData(Qt::UserRole, q);
+        lstAlphabet->addItem(item);
+    }
+    QStringList captions;
+    QList<QVariant> quantities;
+    int select = -1;
+    for (int i = 0; i < lstAlphabet->count(); ++i) {
+        const QListWidgetItem *item = lstAlphabet->item(i);
+        // A quantity's name is its caption as it stands: "&" is no accelerator here.
+        QString caption = item->text();
+        caption.replace(u'&', QStringLiteral("&&"));
+        captions.append(caption);
+        quantities.append(item->data(Qt::UserRole));
+        if (select < 0 && item->text() == selectName)
+            select = i;
+    }
+    tabMain->setQuantities(captions, quantities);
+    // A name that has no tab (a quantity since disabled or removed) selects the first tab.
+    if (select < 0 && tabMain->count() > 0)
+        select = 0;
+    tabMain->setCurrentIndex(select);
+    m_buildingTabs = false;
+    ClickTab();
+}
+
+void frmMain::applySettings()
+{
+    tabMain->setButtonStyle(!m_settings.ShowTabs);
+    Label3->setVisible(!m_settings.ShowTabs);
+    showNumberStyle();
+    showCurrentFigures();
+}
+
+void frmMain::restoreLastConversion()
+{
+    setRowByProgram(lstLeft, rowOf(lstLeft, m_settings.LastUnit1));
+    setRowByProgram(lstRight, rowOf(lstRight, m_settings.LastUnit2));
+    setValueByProgram(m_settings.LastValue);
+    refreshResult();
+}
+
+void frmMain::optionsChanged()
+{
+    QString current;
+    const int q = m_catalogue.CurrentQuantity;
+    if (q >= 1 && q <= m_catalogue.QuantityCount) {
+        current = m_catalogue.Quantities.at(q).Name;
+        m_memory[current]
+            = { txtLeft->currentText(), selectedText(lstLeft), selectedText(lstRight) };
+    }
+    BuildQuantityTabs(current);
+    applySettings();
+    refreshResult();
+}
+
+void frmMain::showInSavedState()
+{
+    // A stored text that is no number is reported as the run-time error it is, and the
+    // default is used instead.
+    const auto read = [this](const QString &name, int defaultValue) {
+        const QString stored
+            = m_store.RegReadString(Settings::Section, name, QString::number(defaultValue));
+        try {
+            return NumberText::toInt32(stored);
+        } catch (RuntimeError &error) {
+            error.detail = QStringLiteral("\"%1\" is stored for \"%2\"").arg(stored, name);
+            m_dialogs.message(this, Notice { Notice::NoIcon, error.messageText(), QString() });
+            return defaultValue;
+        }
+    };
+    const qreal dpiX = dotsPerInchX();
+    const qreal dpiY = dotsPerInchY();
+    const QScreen *primary = screen();
+    const int screenTwips
+        = primary ? WindowPlacement::pixelsToTwips(primary->geometry().height(), dpiY) : 9000;
+    const int left = read(Value::Left, DefaultLeftTwips);
+    const int top = read(Value::Top, DefaultTopTwips);
+    const int width = read(Value::Width, DefaultWidthTwips);
+    const int height = read(Value::Height, screenTwips - HeightBelowScreenTwips);
+    const int state = read(Value::WindowState, 0);
+
+    const QRect saved(WindowPlacement::twipsToPixels(left, dpiX),
+        WindowPlacement::twipsToPixels(top, dpiY), WindowPlacement::twipsToPixels(width, dpiX),
+        WindowPlacement::twipsToPixels(height, dpiY));
+    const QRect placed = WindowPlacement::fitToScreens(saved, availableScreens());
+    resize(placed.size().expandedTo(minimumSize()));
+    move(placed.topLeft());
+
+    if (state == Maximised.toInt())
+        showMaximized();
+    else if (state == Minimised.toInt())
+        showMinimized();
+    else
+        show();
+    txtLeft->setFocus();
+}
+
+void frmMain::reportStoreFailure()
+{
+    if (m_storeFailureReported || !m_store.saveFailed())
+        return;
+    m_storeFailureReported = true;
+    const QString detail = m_store.errorText();
+    const auto *hive = dynamic_cast<const HiveFile *>(&m_store.backend());
+    const QString where = hive ? QDir::toNativeSeparators(hive->fileName())
+                               : QStringLiteral("HKEY_CURRENT_USER\\") + SettingsStore::ProductKey;
+    QString message = text(MainText::StoreNotWritable).arg(where);
+    if (!detail.isEmpty())
+        message += QStringLiteral("\n\n") + detail;
+    m_dialogs.message(
+        isVisible() ? this : nullptr, Notice { Notice::Exclamation, message, QString() });
+}
+
+// ---------------------------------------------------------------------------------------------
+// The result
+
+void frmMain::refreshResult()
+{
+    showConversion(m_engine.UpdateResult(
+        selectedText(lstLeft), selectedText(lstRight), txtLeft->currentText()));
+}
+
+void frmMain::showConversion(const ConversionResult &result)
+{
+    setMarkEnabled(result.markEnabled);
+    showNotices(result.notices);
+    // A temperature below absolute zero: the value box gets the lowest one there is, and that
+    // change refreshes the result as any change of the value does.
+    if (result.replacedEntry)
+        txtLeft->setEditText(*result.replacedEntry);
+    txtRight->setText(result.text);
+    txtRight->setCursorPosition(0);
+    if (result.statusText)
+        StatusBarPanel[2]->setText(*result.statusText);
+    if (result.moreFiguresAvailable)
+        Shape1->setOn(*result.moreFiguresAvailable);
+}
+
+void frmMain::showNotices(const QList<Notice> &notices)
+{
+    for (const Notice &notice : notices)
+        m_dialogs.message(this, notice);
+}
+
+void frmMain::setMarkEnabled(bool enabled)
+{
+    mnurecordsadd->setEnabled(enabled);
+    StatusBarPanel[1]->setPanelEnabled(enabled);
+}
+
+void frmMain::showNumberStyle()
+{
+    StatusBarPanel[3]->setPanelEnabled(m_settings.Scientific);
+}
+
+void frmMain::showCurrentFigures()
+{
+    StatusBarPanel[2]->setText(text(MainText::CurrentFigures) + QString::number(m_settings.SigFigs)
+        + text(MainText::CurrentFiguresEnd));
+}
+
+void frmMain::showMarkedCount()
+{
+    StatusBarPanel[0]->setText(text(MainText::MarkedCount) + QString::number(m_marked.size()));
+}
+
+// ---------------------------------------------------------------------------------------------
+// Value, lists and tabs
+
+void frmMain::txtLeft_Change()
+{
+    refreshResult();
+}
+
+void frmMain::txtLeft_Click()
+{
+    refreshResult();
+}
+
+void frmMain::txtLeft_KeyEnter()
+{
+    refreshResult();
+    AddNumberToComboBox();
+    txtLeft->setFocus();
+}
+
+void frmMain::lstLeft_Click()
+{
+    refreshResult();
+}
+
+void frmMain::lstRight_Click()
+{
+    refreshResult();
+}
+
+void frmMain::AddNumberToComboBox()
+{
+    const QString value = txtLeft->currentText();
+    if (value.isEmpty())
+        return;
+    if (txtLeft->findText(value, Qt::MatchExactly | Qt::MatchCaseSensitive) >= 0)
+        return;
+    // Changing the drop-down's items can move the combo box's current item, which would
+    // rewrite the value box; the value being kept is exactly what stays in the box.
+    QLineEdit *edit = txtLeft->lineEdit();
+    const int cursor = edit->cursorPosition();
+    const int selectionStart = edit->selectionStart();
+    const int selectionLength = edit->selectedText().size();
+    {
+        const QSignalBlocker blocker(txtLeft);
+        while (txtLeft->count() >= HistorySize)
+            txtLeft->removeItem(HistorySize - 1);
+        txtLeft->insertItem(0, value);
+        // No entry is current, so that the Down key starts the history at its newest value.
+        txtLeft->setCurrentIndex(-1);
+        if (edit->text() != value)
+            edit->setText(value);
+    }
+    if (selectionStart >= 0)
+        edit->setSelection(selectionStart, selectionLength);
+    else
+        edit->setCursorPosition(cursor);
+}
+
+QStringList frmMain::valueHistory() const
+{
+    QStringList values;
+    for (int i = 0; i < txtLeft->count(); ++i)
+        values.append(txtLeft->itemText(i));
+    return values;
+}
+
+void frmMain::tabMain_Click(int)
+{
+    if (m_buildingTabs)
+        return;
+    // What the quantity being left showed, for when it comes back.
+    const int leaving = m_catalogue.CurrentQuantity;
+    if (leaving >= 1 && leaving <= m_catalogue.QuantityCount)
+        m_memory[m_catalogue.Quantities.at(leaving).Name]
+            = { txtLeft->currentText(), selectedText(lstLeft), selectedText(lstRight) };
+    ClickTab();
+}
+
+void frmMain::ClickTab()
+{
+    const int index = tabMain->currentIndex();
+    const int q = index >= 0 ? tabMain->tabData(index).toInt() : 0;
+    m_catalogue.CurrentQuantity = q >= 1 && q <= m_catalogue.QuantityCount ? q : 0;
+    FillUnitLists(m_catalogue.CurrentQuantity);
+    showCurrentFigures();
+    if (m_catalogue.CurrentQuantity > 0) {
+        const QuantityMemory memory
+            = m_memory.value(m_catalogue.Quantities.at(m_catalogue.CurrentQuantity).Name);
+        setRowByProgram(lstLeft, rowOf(lstLeft, memory.leftUnit));
+        setRowByProgram(lstRight, rowOf(lstRight, memory.rightUnit));
+        if (!memory.value.isEmpty())
+            setValueByProgram(memory.value);
+    }
+    refreshResult();
+    AddNumberToComboBox();
+}
+
+void frmMain::FillUnitLists(int q)
+{
+    const QStringList names = m_catalogue.enabledUnitNames(q);
+    for (QListWidget *list : { lstLeft, lstRight }) {
+        list->clear();
+        list->addItems(names);
+    }
+}
+
+void frmMain::stepTab(int step)
+{
+    const int count = tabMain->count();
+    if (count == 0)
+        return;
+    tabMain->setCurrentIndex((tabMain->currentIndex() + step + count) % count);
+}
+
+void frmMain::setRowByProgram(QListWidget *list, int row)
+{
+    const bool selected = !list->selectedItems().isEmpty();
+    if (row < 0 ? !selected : (selected && list->currentRow() == row))
+        return; // nothing changes, so no update would come to use up the flag
+    m_session.SkipNextUpdate = true;
+    if (row < 0) {
+        list->clearSelection();
+        list->setCurrentRow(-1);
+    } else {
+        list->setCurrentRow(row);
+    }
+    m_session.SkipNextUpdate = false;
+}
+
+void frmMain::setValueByProgram(const QString &value)
+{
+    if (txtLeft->currentText() == value)
+        return;
+    m_session.SkipNextUpdate = true;
+    txtLeft->setEditText(value);
+    m_session.SkipNextUpdate = false;
+}
+
+int frmMain::rowOf(const QListWidget *list, const QString &text)
+{
+    if (text.isEmpty())
+        return -1;
+    for (int row = 0; row < list->count(); ++row)
+        if (list->item(row)->text() == text)
+            return row;
+    return -1;
+}
+
+QString frmMain::selectedText(const QListWidget *list)
+{
+    const QList<QListWidgetItem *> selected = list->selectedItems();
+    return selected.isEmpty() ? QString() : selected.constFirst()->text();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Significant figures
+
+void frmMain::cmdIncreaseSigFigs_Click()
+{
+    changeSigFigs(1);
+}
+
+void frmMain::cmdDecreaseSigFigs_Click()
+{
+    changeSigFigs(-1);
+}
+
+void frmMain::changeSigFigs(int step)
+{
+    if ((step > 0 && m_settings.SigFigs >= NumberFormat::MaxFigures)
+        || (step < 0 && m_settings.SigFigs <= 1))
+        return;
+    m_settings.SigFigs += step;
+    txtLeft->setFocus();
+    showCurrentFigures();
+    refreshResult();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Clipboard and the label shortcuts
+
+bool frmMain::clipboardHasNumber() const
+{
+    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
+    return data && data->hasText() && NumberText::leadingNumber(data->text()) != 0;
+}
+
+void frmMain::mnueditedit_Click(int item)
+{
+    if (item == 0)
+        copyConvertedValue();
+    else
+        pasteValue(false);
+}
+
+void frmMain::copyConvertedValue()
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    clipboard->setText(txtRight->text());
+}
+
+void frmMain::mnueditCopyWholeConv_Click()
+{
+    QClipboard *clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    clipboard->setText(txtLeft->currentText() + u' ' + selectedText(lstLeft)
+        + QStringLiteral("  =  ") + txtRight->text() + u' ' + selectedText(lstRight));
+}
+
+void frmMain::pasteValue(bool fromSelection)
+{
+    pasteText(QGuiApplication::clipboard()->text(
+        fromSelection ? QClipboard::Selection : QClipboard::Clipboard));
+}
+
+void frmMain::pasteText(const QString &pasted)
+{
+    const QString number = NumberFilter::filter(pasted);
+    if (number.isEmpty()) {
+        m_dialogs.message(this,
+            Notice {
+                Notice::Information, text(MainText::NothingToPaste), text(MainText::TryAgain) });
+        return;
+    }
+    txtLeft->setEditText(number);
+}
+
+void frmMain::lblUnitLeft_Click()
+{
+    applyEditRule();
+    if (mnueditedit[1]->isEnabled())
+        pasteValue(false);
+}
+
+void frmMain::lblUnitRight_Click()
+{
+    applyEditRule();
+    if (mnueditedit[0]->isEnabled())
+        copyConvertedValue();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Swap
+
+void frmMain::mnueditswitch_Click()
+{
+    const int left = selectedText(lstLeft).isEmpty() ? -1 : lstLeft->currentRow();
+    const int right = selectedText(lstRight).isEmpty() ? -1 : lstRight->currentRow();
+    const QString value = txtLeft->currentText();
+    setValueByProgram(QString());
+    txtRight->clear();
+    setRowByProgram(lstLeft, right);
+    setRowByProgram(lstRight, left);
+    setValueByProgram(value);
+    refreshResult();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Menu rules, applied when a menu opens
+
+void frmMain::applyEditRule()
+{
+    const QString result = txtRight->text();
+    const bool copy = !result.isEmpty() && !result.contains(u'C') && !result.contains(u'<');
+    const bool swap = !selectedText(lstLeft).isEmpty() && !selectedText(lstRight).isEmpty();
+    const bool paste = clipboardHasNumber();
+    mnueditedit[0]->setEnabled(copy);
+    mnuview2edit[0]->setEnabled(copy);
+    mnueditedit[1]->setEnabled(paste);
+    mnuview2edit[1]->setEnabled(paste);
+    mnueditswitch->setEnabled(swap);
+    mnuview2switch->setEnabled(swap);
+    mnueditCopyWholeConv->setEnabled(mnurecordsadd->isEnabled());
+}
+
+void frmMain::applyFileRule()
+{
+    const bool ready = !txtLeft->currentText().isEmpty() && !selectedText(lstLeft).isEmpty();
+    mnuFilePrintAllConvForItem->setEnabled(ready);
+    mnuFileSaveAllConvForItem->setEnabled(ready);
+}
+
+void frmMain::applyToolsRule()
+{
+    mnurecordsAddAll->setEnabled(
+        !txtLeft->currentText().isEmpty() && !selectedText(lstLeft).isEmpty());
+}
+
+void frmMain::mnuFile_Open()
+{
+    applyFileRule();
+}
+
+void frmMain::mnuEdit_Open()
+{
+    applyEditRule();
+}
+
+void frmMain::mnurecords_Open()
+{
+    applyToolsRule();
+}
+
+void frmMain::mnuview2_Open()
+{
+    applyEditRule();
+}
+
+void frmMain::showHelpLine(const QString &line, bool menuOpen)
+{
+    if (!line.isEmpty())
+        StatusBar->showMessage(line);
+    else if (menuOpen || QApplication::activePopupWidget())
+        StatusBar->showMessage(text(MainText::MenuHelpIdle));
+    else
+        StatusBar->clearMessage();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Marked conversions
+
+void frmMain::mnurecordsadd_Click()
+{
+    RecordConversion();
+}
+
+void frmMain::RecordConversion()
+{
+    if (!m_session.MarkedConversionsExist) {
+        m_session.MarkedConversionsExist = true;
+        mnurecordspurge->setEnabled(true);
+        mnuRecordsView->setEnabled(true);
+        mnuview2records->setEnabled(true);
+    }
+    const int q = m_catalogue.CurrentQuantity;
+    m_marked.append({ txtLeft->currentText(), selectedText(lstLeft), txtRight->text(),
+        selectedText(lstRight), q > 0 ? m_catalogue.Quantities.at(q).Name : QString() });
+    m_session.MarkedConversionsSaved = false;
+    showMarkedCount();
+}
+
+void frmMain::mnurecordsAddAll_Click()
+{
+    const QString valueText = txtLeft->currentText();
+    const QString fromUnit = selectedText(lstLeft);
+    const int q = m_catalogue.CurrentQuantity;
+    const QString quantity = q > 0 ? m_catalogue.Quantities.at(q).Name : QString();
+    const double value = NumberText::leadingNumber(valueText);
+
+    QList<Notice> notices;
+    std::optional<QString> replacedEntry;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    for (int row = 0; row < lstRight->count(); ++row) {
+        const QString toUnit = lstRight->item(row)->text();
+        const ConversionResult converted = m_engine.convertCaught(fromUnit, toUnit, value);
+        for (const Notice &notice : converted.notices)
+            if (!notices.contains(notice))
+                notices.append(notice);
+        if (converted.replacedEntry)
+            replacedEntry = converted.replacedEntry;
+        // A conversion that failed has no value to keep.
+        if (!converted.text.isEmpty())
+            m_marked.append({ valueText, fromUnit, converted.text, toUnit, quantity });
+    }
+    QApplication::restoreOverrideCursor();
+    showNotices(notices);
+
+    if (!m_marked.isEmpty()) {
+        m_session.MarkedConversionsExist = true;
+        m_session.MarkedConversionsSaved = false;
+        mnuRecordsView->setEnabled(true);
+        mnurecordspurge->setEnabled(true);
+        mnuview2records->setEnabled(true);
+    }
+    showMarkedCount();
+    if (replacedEntry)
+        txtLeft->setEditText(*replacedEntry);
+    lstLeft_Click();
+}
+
+void frmMain::mnurecordspurge_Click()
+{
+    deleteMarkedConversions();
+}
+
+void frmMain::deleteMarkedConversions()
+{
+    const Notice question { Notice::Critical, text(MainText::DeleteMarkedQuestion),
+        text(MainText::Confirmation) };
+    if (m_dialogs.question(this, question, Dialogs::YesNo, Dialogs::No) != Dialogs::Yes)
+        return;
+    m_marked.clear();
+    markedCountChanged(0);
+    setMarkEnabled(false);
+    refreshResult();
+}
+
+void frmMain::markedCountChanged(int count)
+{
+    StatusBarPanel[0]->setText(text(MainText::MarkedCount) + QString::number(count));
+    m_session.MarkedConversionsExist = count > 0;
+    mnurecordspurge->setEnabled(count > 0);
+    mnuRecordsView->setEnabled(count > 0);
+    mnuview2records->setEnabled(count > 0);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Status bar
+
+void frmMain::StatusBar_PanelClick(int panel)
+{
+    if (panel == 2 && StatusBarPanel[1]->isPanelEnabled()) {
+        RecordConversion();
+    } else if (panel == 4) {
+        m_settings.Scientific = !m_settings.Scientific;
+        showNumberStyle();
+        refreshResult();
+    }
+}
+
+void frmMain::StatusBar_PanelDblClick(int panel)
+{
+    if (panel == 1 && mnuRecordsView->isEnabled())
+        mnuRecordsView_Click();
+    else if (panel == 3)
+        mnufilesetopt_Click();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Always on top
+
+void frmMain::mnualwaystoponoff_Click(int item)
+{
+    mnualwaystoponoff[item]->setChecked(true);
+    setTopmost(item == 0);
+}
+
+void frmMain::setTopmost(bool on)
+{
+    if (isTopmost() == on)
+        return;
+    // Changing a window flag hides the window; it comes back as it was.
+    const bool visible = isVisible();
+    const Qt::WindowStates state = windowState();
+    setWindowFlag(Qt::WindowStaysOnTopHint, on);
+    if (visible) {
+        setWindowState(state);
+        show();
+    }
+}
+
+bool frmMain::isTopmost() const
+{
+    return windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+// ---------------------------------------------------------------------------------------------
+// Commands of the other windows
+
+void frmMain::mnuFileLoad_Click() { }
+void frmMain::mnuFilePrintAllConvForItem_Click() { }
+void frmMain::mnuFileSaveAllConvForItem_Click() { }
+void frmMain::mnuviewphys_Click() { }
+void frmMain::mnuviewmetric_Click() { }
+void frmMain::mnuviewSIUnits_Click() { }
+void frmMain::mnuviewcalc_Click() { }
+void frmMain::mnuRecordsView_Click() { }
+void frmMain::mnuRecordsFind_Click() { }
+void frmMain::mnufilesetopt_Click() { }
+void frmMain::mnuhelphelp_Click() { }
+void frmMain::mnuHelpWebMensura_Click() { }
+void frmMain::mnuHelpWebGeneralInfo_Click() { }
+void frmMain::mnuHelpWebOverview_Click() { }
+void frmMain::mnuhelpabout_Click() { }
+
+// ---------------------------------------------------------------------------------------------
+// MainWindowControl
+
+bool frmMain::selectQuantity(const QString &name)
+{
+    for (int i = 0; i < tabMain->count(); ++i) {
+        const int q = tabMain->tabData(i).toInt();
+        if (q >= 1 && q <= m_catalogue.QuantityCount && m_catalogue.Quantities.at(q).Name == name) {
+            tabMain->setCurrentIndex(i);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool frmMain::selectLeftUnit(const QString &unit)
+{
+    const int row = rowOf(lstLeft, unit);
+    if (row >= 0)
+        lstLeft->setCurrentRow(row);
+    return row >= 0;
+}
+
+bool frmMain::selectRightUnit(const QString &unit)
+{
+    const int row = rowOf(lstRight, unit);
+    if (row >= 0)
+        lstRight->setCurrentRow(row);
+    return row >= 0;
+}
+
+void frmMain::setValueText(const QString &value)
+{
+    txtLeft->setEditText(value);
+}
+
+void frmMain::focusValue()
+{
+    txtLeft->setFocus();
+}
+
+// ---------------------------------------------------------------------------------------------
+// Window events
+
+bool frmMain::event(QEvent *event)
+{
+    // Help lines of the menu items: the bar shows them across its whole width while a menu is
+    // open, and its panels again once the menus are closed.
+    if (event->type() == QEvent::StatusTip) {
+        showHelpLine(static_cast<QStatusTipEvent *>(event)->tip(), false);
+        return true;
+    }
+    return QMainWindow::event(event);
+}
+
+bool frmMain::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == lstLeft || watched == lstRight) {
+        if (event->type() == QEvent::FocusIn)
+            AddNumberToComboBox();
+    } else if (watched == lstLeft->viewport() || watched == lstRight->viewport()) {
+        if (event->type() == QEvent::MouseButtonPress
+            || event->type() == QEvent::MouseButtonDblClick) {
+            const auto button = static_cast<QMouseEvent *>(event)->button();
+            if (button == Qt::LeftButton && event->type() == QEvent::MouseButtonPress)
+                AddNumberToComboBox();
+            // The right button opens the pop-up menu and leaves the selection alone.
+            if (button == Qt::RightButton)
+                return true;
+        }
+    } else if (watched == lblUnitLeft || watched == lblUnitRight) {
+        if (event->type() == QEvent::MouseButtonRelease
+            && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
+            if (watched == lblUnitLeft)
+                lblUnitLeft_Click();
+            else
+                lblUnitRight_Click();
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void frmMain::closeEvent(QCloseEvent *event)
+{
+    if (m_unloaded) {
+        event->accept();
+        return;
+    }
+    if (m_settings.ConfirmExit && m_session.MarkedConversionsExist
+        && !m_session.MarkedConversionsSaved) {
+        const Notice question { Notice::Critical, text(MainText::QuitQuestion), QString() };
+        if (m_dialogs.question(
+                isVisible() ? this : nullptr, question, Dialogs::YesNoCancel, Dialogs::Cancel)
+            != Dialogs::Yes) {
+            event->ignore();
+            return;
+        }
+    }
+    saveSession();
+    m_unloaded = true;
+    m_hook->release();
+    event->accept();
+    emit unloaded();
+}
+
+void frmMain::saveSession()
+{
+    {
+        const SettingsStore::Batch batch(m_store);
+        // In the tray the window is minimised only to leave the task bar: it comes back as it was.
+        Qt::WindowStates state = windowState();
+        if (isInTray())
+            state &= ~Qt::WindowMinimized;
+        const QString code = state.testFlag(Qt::WindowMinimized) ? Minimised
+            : state.testFlag(Qt::WindowMaximized)                ? Maximised
+                                                                 : Normal;
+        m_store.RegWriteString(Settings::Section, Value::WindowState, code);
+        if (code == Normal) {
+            const qreal dpiX = dotsPerInchX();
+            const qreal dpiY = dotsPerInchY();
+            // The frame's position and the inside size: what move() and resize() take back.
+            const auto write = [this](const QString &name, int twips) {
+                m_store.RegWriteString(Settings::Section, name, QString::number(twips));
+            };
+            write(Value::Left, WindowPlacement::pixelsToTwips(x(), dpiX));
+            write(Value::Top, WindowPlacement::pixelsToTwips(y(), dpiY));
+            write(Value::Width, WindowPlacement::pixelsToTwips(width(), dpiX));
+            write(Value::Height, WindowPlacement::pixelsToTwips(height(), dpiY));
+        }
+        const int q = m_catalogue.CurrentQuantity;
+        if (m_catalogue.QuantityCount > 0 && m_settings.RememberLast && q >= 1
+            && q <= m_catalogue.QuantityCount) {
+            m_store.RegWriteString(
+                Settings::Section, Value::LastQuantity, m_catalogue.Quantities.at(q).Name);
+            m_store.RegWriteString(Settings::Section, Value::LastValue, txtLeft->currentText());
+            m_store.RegWriteString(Settings::Section, Value::LastUnit1, selectedText(lstLeft));
+            m_store.RegWriteString(Settings::Section, Value::LastUnit2, selectedText(lstRight));
+        }
+        m_settings.save(m_store, QStringLiteral("scientific"));
+        m_settings.save(m_store, QStringLiteral("numericformatting"));
+    }
+    m_store.close();
+    reportStoreFailure();
+}
+
+bool frmMain::isInTray() const
+{
+    return m_hook->isInTray();
+}
+
+void frmMain::mnuSysTrayShowMensura_Click()
+{
+    m_hook->restoreFromTray();
+}
+
+void frmMain::activateFromOtherCopy()
+{
+    if (m_hook->isInTray()) {
+        m_hook->restoreFromTray();
+        return;
+    }
+    if (windowState().testFlag(Qt::WindowMinimized))
+        setWindowState((windowState() & ~Qt::WindowMinimized) | Qt::WindowActive);
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmMain::resizeEvent(QResizeEvent *event)
+{
+    // The quantity buttons take at most two fifths of the window's height; more rows page.
+    tabMain->setRowsHeightLimit(height() * 2 / 5);
+    QMainWindow::resizeEvent(event);
+}
+
+#ifdef Q_OS_WIN
+bool frmMain::nativeEvent(const QByteArray &eventType, void *message, qintptr *result)
+{
+    // The window system's own menu is drawn by Windows: its help line comes from here.
+    const MSG *msg = static_cast<const MSG *>(message);
+    if (msg->message == WM_MENUSELECT) {
+        const UINT flags = HIWORD(msg->wParam);
+        if (flags == 0xFFFF && msg->lParam == 0)
+            StatusBar->clearMessage();
+        else if (flags & MF_SYSMENU)
+            StatusBar->showMessage(text(MainText::SystemMenuHelp));
+    }
+    return QMainWindow::nativeEvent(eventType, message, result);
+}
+#endif
+
+QList<QRect> frmMain::availableScreens() const
+{
+    QList<QRect> areas;
+    for (const QScreen *each : QGuiApplication::screens())
+        areas.append(each->availableGeometry());
+    return areas;
+}
+
+qreal frmMain::dotsPerInchX() const
+{
+    const QScreen *current = screen();
+    return current ? current->logicalDotsPerInchX() : 96.0;
+}
+
+qreal frmMain::dotsPerInchY() const
+{
+    const QScreen *current = screen();
+    return current ? current->logicalDotsPerInchY() : 96.0;
+}

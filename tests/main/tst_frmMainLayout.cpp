@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// The main window's layout in both interface styles: at the smallest size the window allows,
+// every control still gets the room it asks for and none lies on another; when the window
+// grows, the two sides share the width and the lists take the height. Run also at 200 % scale.
+#include "main/QuantityTabBar.h"
+#include "main/StatusPanel.h"
+#include "support/GuiTestMain.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHive.h"
+#include "support/TestProgram.h"
+
+#include <QLabel>
+#include <QLayout>
+#include <QListWidget>
+#include <QStatusBar>
+#include <QToolButton>
+
+class tst_frmMainLayout : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+    void nothingOverlapsAtMinimumSize_data();
+    void nothingOverlapsAtMinimumSize();
+    void sidesShareTheWidth_data();
+    void sidesShareTheWidth();
+    void buttonRowsPageWhenTheWindowIsLow();
+    void panelsShowTheirIcons();
+
+private:
+    void addWholeCatalogue();
+    bool start(bool tabs);
+    QRect placeOf(const QWidget *widget) const;
+
+    std::unique_ptr<TestHive> m_hive;
+    std::unique_ptr<ScriptedDialogs> m_dialogs;
+    std::unique_ptr<TestProgram> m_program;
+};
+
+void tst_frmMainLayout::init()
+{
+    m_hive = std::make_unique<TestHive>();
+    m_hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    m_hive->writeSetting(QStringLiteral("currphysquan"), QStringLiteral("Zeta Viscosity"));
+    m_hive->writeSetting(
+        QStringLiteral("currunit1"), QStringLiteral("square millimetre per second (mm²/s)"));
+    m_hive->writeSetting(QStringLiteral("currunit2"), QStringLiteral("stokes (St)"));
+    m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("123456789"));
+    m_hive->writeSetting(QStringLiteral("numericformatting"), QStringLiteral("13"));
+    m_hive->addQuantity(QStringLiteral("Zeta Viscosity"),
+        { { QStringLiteral("square millimetre per second (mm²/s)"), QStringLiteral("x1") },
+            { QStringLiteral("stokes (St)"), QStringLiteral("x100") },
+            { QStringLiteral("square foot per second (ft²/s)"), QStringLiteral("x92903.04") } });
+    m_dialogs = std::make_unique<ScriptedDialogs>();
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+}
+
+void tst_frmMainLayout::cleanup()
+{
+    m_program.reset();
+    m_dialogs.reset();
+    m_hive.reset();
+}
+
+bool tst_frmMainLayout::start(bool tabs)
+{
+    m_hive->writeSetting(QStringLiteral("tabs"), tabs ? QStringLiteral("1") : QStringLiteral("0"));
+    return m_program->start() && QTest::qWaitForWindowExposed(m_program->window());
+}
+
+QRect tst_frmMainLayout::placeOf(const QWidget *widget) const
+{
+    return QRect(widget->mapTo(m_program->window(), QPoint(0, 0)), widget->size());
+}
+
+void tst_frmMainLayout::nothingOverlapsAtMinimumSize_data()
+{
+    QTest::addColumn<bool>("tabs");
+    QTest::addColumn<bool>("many");
+    QTest::newRow("tabs") << true << false;
+    QTest::newRow("buttons") << false << false;
+    QTest::newRow("tabs for a whole catalogue") << true << true;
+    QTest::newRow("buttons for a whole catalogue") << false << true;
+}
+
+void tst_frmMainLayout::addWholeCatalogue()
+{
+    // As many quantities as the built-in catalogue has, with names as long as its names.
+    const char *names[] = { "Acceleration", "Angle", "Angular Velocity", "Area", "Capacitance",
+        "Charge", "Conductance", "Density", "Dynamic Viscosity", "Electric Field Strength",
+        "Energy", "Flow", "Force", "Illuminance", "Kinematic Viscosity", "Length", "Luminance",
+        "Magnetic Field Strength", "Magnetic Flux", "Magnetic Flux Density", "Magnetomotive Force",
+        "Mass", "Power", "Power Density", "Pressure or Stress", "Thermal Conductivity", "Time",
+        "Torque", "Velocity", "Volume", "Specific Heat Capacity", "Heat Capacity",
+        "Mass Divided by Time", "Permeability", "Force Divided by Length",
+        "Coefficient of Heat Transfer", "Density of Heat Flow Rate", "Heat Flow Rate",
+        "Mass Divided by Area", "Mass Divided by Length", "Thermal Resistivity",
+        "Temperature Interval" };
+    for (const char *name : names)
+        m_hive->addQuantity(QStringLiteral("Test ") + QString::fromLatin1(name),
+            { { QStringLiteral("unit"), QStringLiteral("x1") } });
+}
+
+void tst_frmMainLayout::nothingOverlapsAtMinimumSize()
+{
+    QFETCH(bool, tabs);
+    QFETCH(bool, many);
+    if (many)
+        addWholeCatalogue();
+    QVERIFY(start(tabs));
+    frmMain *window = m_program->window();
+    QCOMPARE(m_program->find<QuantityTabBar *>("tabMain")->buttonStyle(), !tabs);
+    // The explicit minimum size wins over the layout's: the layout must fit into it.
+    const QSize needed = window->layout()->minimumSize();
+    QVERIFY2(needed.width() <= window->minimumWidth() && needed.height() <= window->minimumHeight(),
+        qPrintable(
+            QStringLiteral("the layout needs %1 x %2").arg(needed.width()).arg(needed.height())));
+    window->resize(window->minimumSize());
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+
+    const char *names[] = { "tabMain", "lblUnitLeft", "lblUnitRight", "lblEqualSign", "txtLeft",
+        "txtRight", "Shape1", "cmdIncreaseSigFigs", "cmdDecreaseSigFigs", "lstLeft", "lstRight",
+        "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3", "StatusBarPanel4" };
+    QList<QPair<QString, QRect>> places;
+    const QRect inside = window->rect();
+    for (const char *name : names) {
+        const QWidget *control = m_program->find<QWidget *>(name);
+        QVERIFY(control);
+        const QRect place = placeOf(control);
+        QVERIFY2(inside.contains(place), name);
+        // Labels must show all of their text; the rest at least what they cannot do without.
+        const QSize wanted = qobject_cast<const QLabel *>(control) ? control->sizeHint()
+            : control->minimumSize().isEmpty()                     ? control->minimumSizeHint()
+                                                                   : control->minimumSize();
+        QVERIFY2(place.width() >= wanted.width() && place.height() >= wanted.height(),
+            qPrintable(QStringLiteral("%1 is %2 x %3, needs %4 x %5")
+                           .arg(QString::fromLatin1(name))
+                           .arg(place.width())
+                           .arg(place.height())
+                           .arg(wanted.width())
+                           .arg(wanted.height())));
+        for (const auto &[other, otherPlace] : places)
+            QVERIFY2(!place.intersects(otherPlace),
+                qPrintable(QString::fromLatin1(name) + QStringLiteral(" lies on ") + other));
+        places.append({ QString::fromLatin1(name), place });
+    }
+}
+
+void tst_frmMainLayout::sidesShareTheWidth_data()
+{
+    QTest::addColumn<bool>("tabs");
+    QTest::newRow("tabs") << true;
+    QTest::newRow("buttons") << false;
+}
+
+void tst_frmMainLayout::sidesShareTheWidth()
+{
+    QFETCH(bool, tabs);
+    QVERIFY(start(tabs));
+    frmMain *window = m_program->window();
+    auto *left = m_program->find<QListWidget *>("lstLeft");
+    auto *right = m_program->find<QListWidget *>("lstRight");
+    window->resize(window->minimumWidth() + 400, window->minimumHeight() + 300);
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    QVERIFY(qAbs(left->width() - right->width()) <= 1);
+    const int listHeight = left->height();
+    const int valueHeight = m_program->find<QWidget *>("txtLeft")->height();
+    // Higher, not wider: with the width the rows of quantity buttons stay as they are.
+    window->resize(window->width(), window->height() + 100);
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    QVERIFY(qAbs(left->width() - right->width()) <= 1);
+    QCOMPARE(left->height(), listHeight + 100);
+    QCOMPARE(m_program->find<QWidget *>("txtLeft")->height(), valueHeight);
+}
+
+void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
+{
+    addWholeCatalogue();
+    QVERIFY(start(false));
+    frmMain *window = m_program->window();
+    auto *bar = m_program->find<QuantityTabBar *>("tabMain");
+    window->resize(window->minimumSize());
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    QVERIFY(bar->height() <= window->height() * 2 / 5);
+    auto *down = m_program->find<QToolButton *>("tabMainRowDown");
+    auto *up = m_program->find<QToolButton *>("tabMainRowUp");
+    QVERIFY(down->isVisible());
+
+    // Every quantity can be reached with the mouse: page down until its button shows.
+    for (int i = bar->count() - 1; i >= 0; i -= 7) {
+        while (bar->firstVisibleRow() > 0)
+            QTest::mouseClick(up, Qt::LeftButton);
+        while (bar->quantityRect(i).isEmpty() && down->isEnabled())
+            QTest::mouseClick(down, Qt::LeftButton);
+        const QRect place = bar->quantityRect(i);
+        QVERIFY2(!place.isEmpty() && bar->rect().contains(place), qPrintable(bar->tabText(i)));
+        QTest::mouseClick(bar, Qt::LeftButton, {}, place.center());
+        QCOMPARE(bar->currentIndex(), i);
+    }
+    // The current quantity's row shows whatever moves it there.
+    QTest::keyClick(m_program->find<QWidget *>("lstLeft"), Qt::Key_Tab, Qt::ControlModifier);
+    QVERIFY(!bar->quantityRect(bar->currentIndex()).isEmpty());
+
+    // A window large enough shows every row without paging.
+    window->resize(1600, 1200);
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    QVERIFY(!down->isVisible());
+    for (int i = 0; i < bar->count(); ++i)
+        QVERIFY(!bar->quantityRect(i).isEmpty());
+}
+
+void tst_frmMainLayout::panelsShowTheirIcons()
+{
+    QVERIFY(start(false));
+    frmMain *window = m_program->window();
+    window->resize(900, 600);
+    window->layout()->activate();
+    QCoreApplication::processEvents();
+    for (const char *name : { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3" }) {
+        auto *panel = m_program->find<StatusPanel *>(name);
+        QVERIFY2(panel->showsIcon(), name);
+        // The icons are coloured; the panel's frame and text are not.
+        const QImage image = panel->grab().toImage();
+        bool coloured = false;
+        for (int y = 0; y < image.height() && !coloured; ++y)
+            for (int x = 0; x < image.width() / 3 && !coloured; ++x) {
+                const QColor c = image.pixelColor(x, y);
+                coloured = qAbs(c.red() - c.blue()) > 60 || qAbs(c.red() - c.green()) > 60;
+            }
+        QVERIFY2(coloured, name);
+    }
+}
+
+MENSURA_GUI_TEST_MAIN(tst_frmMainLayout)
+#include "tst_frmMainLayout.moc"

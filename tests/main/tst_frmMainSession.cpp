@@ -1,0 +1,384 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// What the main window keeps between runs: closing it (with its question about unsaved marked
+// conversions) saves its placement and the last conversion, and the next run on the same hive
+// puts them back. Saved values that no longer fit (a unit since removed, a position off every
+// screen, text where a number belongs) must not stop the window from coming up usable.
+#include "catalogue/StringTable.h"
+#include "main/StatusPanel.h"
+#include "main/WindowPlacement.h"
+#include "support/GuiTestMain.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHive.h"
+#include "support/TestProgram.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QScreen>
+#include <QTabBar>
+
+static const QString Lengths = QStringLiteral("Zeta Length");
+static const QString Masses = QStringLiteral("Zeta Mass");
+
+class tst_frmMainSession : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void exitQuestion_data();
+    void exitQuestion();
+    void sessionComesBack();
+    void windowStateCodes_data();
+    void windowStateCodes();
+    void lastConversionNotKeptWhenNotWanted();
+    void savedConversionThatNoLongerFits_data();
+    void savedConversionThatNoLongerFits();
+    void placementOffEveryScreen();
+    void placementThatIsNoNumber();
+    void windowKeptOffTheTopLeftEdges();
+    void minimumSize();
+    void unwritableHiveAtExit();
+
+private:
+    bool start();
+    void restart();
+    QComboBox *value() const { return m_program->find<QComboBox *>("txtLeft"); }
+    QListWidget *left() const { return m_program->find<QListWidget *>("lstLeft"); }
+    QListWidget *right() const { return m_program->find<QListWidget *>("lstRight"); }
+    QString selected(QListWidget *list) const;
+    QString currentQuantity() const;
+    void showFeetInInches(const QString &value);
+
+    std::unique_ptr<TestHive> m_hive;
+    std::unique_ptr<ScriptedDialogs> m_dialogs;
+    std::unique_ptr<TestProgram> m_program;
+};
+
+void tst_frmMainSession::init()
+{
+    m_hive = std::make_unique<TestHive>();
+    m_hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    m_hive->writeSetting(QStringLiteral("triads"), QStringLiteral("0"));
+    m_hive->addQuantity(Lengths,
+        { { QStringLiteral("metre"), QStringLiteral("x1") },
+            { QStringLiteral("foot"), QStringLiteral("x0.3048") },
+            { QStringLiteral("inch"), QStringLiteral("x0.0254") } });
+    m_hive->addQuantity(Masses,
+        { { QStringLiteral("kilogram"), QStringLiteral("x1") },
+            { QStringLiteral("gram"), QStringLiteral("x1E-3") } });
+    m_dialogs = std::make_unique<ScriptedDialogs>();
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+}
+
+void tst_frmMainSession::cleanup()
+{
+    m_program.reset();
+    m_dialogs.reset();
+    m_hive.reset();
+}
+
+bool tst_frmMainSession::start()
+{
+    if (!m_program->start() || !QTest::qWaitForWindowExposed(m_program->window()))
+        return false;
+    m_program->window()->activateWindow();
+    return QTest::qWaitForWindowActive(m_program->window());
+}
+
+void tst_frmMainSession::restart()
+{
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+    QVERIFY(start());
+}
+
+QString tst_frmMainSession::selected(QListWidget *list) const
+{
+    const auto items = list->selectedItems();
+    return items.isEmpty() ? QString() : items.first()->text();
+}
+
+QString tst_frmMainSession::currentQuantity() const
+{
+    const Catalogue &catalogue = m_program->startup().catalogue();
+    return catalogue.CurrentQuantity > 0 ? catalogue.Quantities.at(catalogue.CurrentQuantity).Name
+                                         : QString();
+}
+
+void tst_frmMainSession::showFeetInInches(const QString &typed)
+{
+    QVERIFY(m_program->window()->selectQuantity(Lengths));
+    m_program->window()->setValueText(typed);
+    QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("foot")));
+    QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("inch")));
+}
+
+void tst_frmMainSession::exitQuestion_data()
+{
+    QTest::addColumn<bool>("confirm");
+    QTest::addColumn<bool>("mark");
+    QTest::addColumn<bool>("saved");
+    QTest::addColumn<int>("answer"); // -1: no question asked
+    QTest::addColumn<bool>("closes");
+    QTest::newRow("marked conversions, answer No")
+        << true << true << false << int(Dialogs::No) << false;
+    QTest::newRow("marked conversions, answer Cancel")
+        << true << true << false << int(Dialogs::Cancel) << false;
+    QTest::newRow("marked conversions, answer Yes")
+        << true << true << false << int(Dialogs::Yes) << true;
+    QTest::newRow("nothing marked: no question") << true << false << false << -1 << true;
+    QTest::newRow("confirmation switched off: no question") << false << true << false << -1 << true;
+    QTest::newRow("marked conversions all saved: no question")
+        << true << true << true << -1 << true;
+}
+
+void tst_frmMainSession::exitQuestion()
+{
+    QFETCH(bool, confirm);
+    QFETCH(bool, mark);
+    QFETCH(bool, saved);
+    QFETCH(int, answer);
+    QFETCH(bool, closes);
+    m_hive->writeSetting(
+        QStringLiteral("confirm"), confirm ? QStringLiteral("1") : QStringLiteral("0"));
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    if (mark)
+        m_program->find<QAction *>("mnurecordsadd")->trigger();
+    m_program->startup().session().MarkedConversionsSaved = saved;
+    if (answer >= 0)
+        m_dialogs->answerQuestion(Dialogs::Answer(answer));
+
+    QSignalSpy unloaded(m_program->window(), &frmMain::unloaded);
+    QCOMPARE(m_program->close(), closes);
+    QVERIFY(m_dialogs->scriptDone());
+    QCOMPARE(unloaded.size(), closes ? 1 : 0);
+    QCOMPARE(m_program->window()->isVisible(), !closes);
+    // Nothing is saved by an exit that did not happen.
+    QCOMPARE(m_hive->readSetting(QStringLiteral("currvalue")).has_value(), closes);
+    if (answer >= 0) {
+        const ScriptedDialogs::Asked &asked = m_dialogs->asked().constFirst();
+        QCOMPARE(asked.notice, (Notice { Notice::Critical, StringTable::text(333), QString() }));
+        QCOMPARE(asked.buttons, Dialogs::YesNoCancel);
+        QCOMPARE(asked.defaultAnswer, Dialogs::Cancel);
+    }
+}
+
+void tst_frmMainSession::sessionComesBack()
+{
+    QVERIFY(start());
+    frmMain *window = m_program->window();
+    showFeetInInches(QStringLiteral("12"));
+    QTest::mouseClick(m_program->find<StatusPanel *>("StatusBarPanel4"), Qt::LeftButton);
+    QTest::mouseClick(m_program->find<QWidget *>("cmdIncreaseSigFigs"), Qt::LeftButton);
+    const QString shown = m_program->find<QLineEdit *>("txtRight")->text();
+    QCOMPARE(shown, QStringLiteral("1.4400000E+2"));
+    window->move(120, 90);
+    window->resize(700, 560);
+    QVERIFY(m_program->close());
+
+    const qreal dpi = window->screen()->logicalDotsPerInchX();
+    const auto twips = [dpi](int pixels) {
+        return QString::number(WindowPlacement::pixelsToTwips(pixels, dpi));
+    };
+    QCOMPARE(m_hive->readSetting(QStringLiteral("windowstate")), QStringLiteral("0"));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("left")), twips(120));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("top")), twips(90));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("width")), twips(700));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("height")), twips(560));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("scientific")), QStringLiteral("1"));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("numericformatting")), QStringLiteral("8"));
+
+    restart();
+    window = m_program->window();
+    QCOMPARE(currentQuantity(), Lengths);
+    QCOMPARE(m_program->find<QTabBar *>("tabMain")->tabText(
+                 m_program->find<QTabBar *>("tabMain")->currentIndex()),
+        Lengths);
+    QCOMPARE(value()->currentText(), QStringLiteral("12"));
+    QCOMPARE(selected(left()), QStringLiteral("foot"));
+    QCOMPARE(selected(right()), QStringLiteral("inch"));
+    QCOMPARE(m_program->find<QLineEdit *>("txtRight")->text(), shown);
+    QCOMPARE(window->pos(), QPoint(120, 90));
+    QCOMPARE(window->size(), QSize(700, 560));
+    QVERIFY(m_dialogs->asked().isEmpty());
+}
+
+void tst_frmMainSession::windowStateCodes_data()
+{
+    QTest::addColumn<Qt::WindowState>("state");
+    QTest::addColumn<QString>("code");
+    QTest::newRow("maximised") << Qt::WindowMaximized << "1";
+    QTest::newRow("minimised") << Qt::WindowMinimized << "2";
+}
+
+void tst_frmMainSession::windowStateCodes()
+{
+    QFETCH(Qt::WindowState, state);
+    QFETCH(QString, code);
+    m_hive->writeSetting(QStringLiteral("systray"), QStringLiteral("0")); // minimised, not in a tray
+    QVERIFY(start());
+    m_program->window()->setWindowState(state);
+    QVERIFY(m_program->close());
+    QCOMPARE(m_hive->readSetting(QStringLiteral("windowstate")), code);
+    // Only a window in its normal state has a placement worth keeping.
+    QVERIFY(!m_hive->readSetting(QStringLiteral("left")));
+    QVERIFY(!m_hive->readSetting(QStringLiteral("width")));
+
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+    QVERIFY(m_program->start());
+    QVERIFY(m_program->window()->windowState().testFlag(state));
+}
+
+void tst_frmMainSession::lastConversionNotKeptWhenNotWanted()
+{
+    m_hive->writeSetting(QStringLiteral("remember"), QStringLiteral("0"));
+    m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("99"));
+    QVERIFY(start());
+    QCOMPARE(value()->currentText(), QString());
+    showFeetInInches(QStringLiteral("12"));
+    QVERIFY(m_program->close());
+    QCOMPARE(m_hive->readSetting(QStringLiteral("currvalue")), QStringLiteral("99"));
+    QVERIFY(!m_hive->readSetting(QStringLiteral("currunit1")));
+}
+
+void tst_frmMainSession::savedConversionThatNoLongerFits_data()
+{
+    QTest::addColumn<QString>("quantity");
+    QTest::addColumn<QString>("unit1");
+    QTest::addColumn<bool>("disableMasses");
+    QTest::addColumn<QString>("shownQuantity");
+    QTest::addColumn<QString>("shownUnit1");
+    QTest::newRow("a unit that no longer exists") << Lengths << "furlong" << false << Lengths << "";
+    QTest::newRow("a unit of another quantity") << Lengths << "gram" << false << Lengths << "";
+    QTest::newRow("a quantity that no longer exists") << "Zeta Time"
+                                                      << "foot" << false << ""
+                                                      << "";
+    QTest::newRow("a quantity since disabled") << Masses << "gram" << true << ""
+                                               << "";
+    QTest::newRow("all fits") << Masses << "gram" << false << Masses << "gram";
+}
+
+void tst_frmMainSession::savedConversionThatNoLongerFits()
+{
+    QFETCH(QString, quantity);
+    QFETCH(QString, unit1);
+    QFETCH(bool, disableMasses);
+    QFETCH(QString, shownQuantity);
+    QFETCH(QString, shownUnit1);
+    m_hive->writeSetting(QStringLiteral("currphysquan"), quantity);
+    m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("5"));
+    m_hive->writeSetting(QStringLiteral("currunit1"), unit1);
+    m_hive->writeSetting(QStringLiteral("currunit2"), QStringLiteral("no such unit"));
+    if (disableMasses)
+        m_hive->write(QStringLiteral("User\\NewQuans\\") + Masses, QStringLiteral("OnOff"),
+            QStringLiteral("0"));
+    QVERIFY(start());
+    auto *tabs = m_program->find<QTabBar *>("tabMain");
+    // A quantity without a tab leaves the first tab current, with its units and none chosen.
+    QCOMPARE(tabs->tabText(tabs->currentIndex()),
+        shownQuantity.isEmpty() ? tabs->tabText(0) : shownQuantity);
+    QCOMPARE(currentQuantity(), tabs->tabText(tabs->currentIndex()));
+    QVERIFY(left()->count() > 0);
+    QCOMPARE(selected(left()), shownUnit1);
+    QCOMPARE(selected(right()), QString());
+    QCOMPARE(value()->currentText(), QStringLiteral("5"));
+    QCOMPARE(m_program->find<QLineEdit *>("txtRight")->text(), StringTable::text(368));
+    for (int i = 0; i < tabs->count(); ++i)
+        QVERIFY(!(disableMasses && tabs->tabText(i) == Masses));
+    QVERIFY(m_dialogs->asked().isEmpty());
+}
+
+void tst_frmMainSession::placementOffEveryScreen()
+{
+    m_hive->writeSetting(QStringLiteral("left"), QStringLiteral("-400000"));
+    m_hive->writeSetting(QStringLiteral("top"), QStringLiteral("900000"));
+    m_hive->writeSetting(QStringLiteral("width"), QStringLiteral("9000"));
+    m_hive->writeSetting(QStringLiteral("height"), QStringLiteral("7500"));
+    QVERIFY(start());
+    const QRect screen = m_program->window()->screen()->availableGeometry();
+    const QRect frame = m_program->window()->frameGeometry();
+    // On the screen, as far down as its height lets it go (the frame's own few pixels aside).
+    QVERIFY2(screen.contains(frame.topLeft()) && screen.height() - frame.bottom() < 10,
+        qPrintable(QStringLiteral("%1,%2 %3x%4")
+                       .arg(frame.x())
+                       .arg(frame.y())
+                       .arg(frame.width())
+                       .arg(frame.height())));
+    QCOMPARE(frame.left(), screen.left());
+    QCOMPARE(m_program->window()->size(), QSize(600, 500));
+}
+
+void tst_frmMainSession::placementThatIsNoNumber()
+{
+    m_hive->writeSetting(QStringLiteral("left"), QStringLiteral("far left"));
+    m_hive->writeSetting(QStringLiteral("windowstate"), QStringLiteral("big"));
+    m_dialogs->expectMessage();
+    m_dialogs->expectMessage();
+    QVERIFY(start());
+    QVERIFY(m_dialogs->scriptDone());
+    for (const Notice &notice : m_dialogs->notices())
+        QVERIFY2(notice.text.startsWith(StringTable::text(271) + QStringLiteral("13")),
+            qPrintable(notice.text));
+    QVERIFY(m_dialogs->notices().at(0).text.contains(QStringLiteral("far left")));
+    QCOMPARE(m_program->window()->pos().x(),
+        WindowPlacement::twipsToPixels(200, m_program->window()->screen()->logicalDotsPerInchX()));
+    QVERIFY(!m_program->window()->isMaximized());
+}
+
+void tst_frmMainSession::windowKeptOffTheTopLeftEdges()
+{
+    QVERIFY(start());
+    frmMain *window = m_program->window();
+    const QRect screen = window->screen()->availableGeometry();
+    window->move(screen.left() - 30, screen.top() + 50);
+    QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
+    window->move(screen.left() + 40, screen.top() - 5);
+    QCOMPARE(window->pos(), QPoint(screen.left() + 40, screen.top() + WindowPlacement::EdgeGap));
+    // Right and below are the user's business.
+    window->move(screen.right() - 20, screen.bottom() - 20);
+    QCOMPARE(window->pos(), QPoint(screen.right() - 20, screen.bottom() - 20));
+}
+
+void tst_frmMainSession::minimumSize()
+{
+    QVERIFY(start());
+    frmMain *window = m_program->window();
+    const qreal dpiX = window->screen()->logicalDotsPerInchX();
+    const qreal dpiY = window->screen()->logicalDotsPerInchY();
+    const QSize minimum(
+        WindowPlacement::twipsToPixels(7100, dpiX), WindowPlacement::twipsToPixels(7000, dpiY));
+    QCOMPARE(window->minimumSize(), minimum);
+    window->resize(100, 100);
+    QCOMPARE(window->size(), minimum);
+}
+
+void tst_frmMainSession::unwritableHiveAtExit()
+{
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    // The hive's folder is replaced by a plain file: no hive can be written there any more.
+    const QString folder = QFileInfo(m_hive->path()).absolutePath();
+    QFile::remove(m_hive->path());
+    QVERIFY(QDir(folder).removeRecursively());
+    QFile blocker(folder);
+    QVERIFY(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+
+    m_dialogs->expectMessage();
+    QVERIFY(m_program->close());
+    QVERIFY(m_dialogs->scriptDone());
+    const Notice notice = m_dialogs->notices().constFirst();
+    QCOMPARE(notice.icon, Notice::Exclamation);
+    QVERIFY2(notice.text.startsWith(StringTable::text(5610).arg(m_hive->path())),
+        qPrintable(notice.text));
+    QFile::remove(folder);
+}
+
+MENSURA_GUI_TEST_MAIN(tst_frmMainSession)
+#include "tst_frmMainSession.moc"

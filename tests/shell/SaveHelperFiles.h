@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// The files that save_helper saves over and over and tst_KillDuringSave expects to find whole:
+// a large hive and, where the conversions file module is built, a large conversions file. Every
+// value and record of generation g names g, so a file mixing two saves cannot pass for one.
+#pragma once
+
+#include "shell/HiveFile.h"
+
+#if __has_include("records/ConversionsFile.h")
+#include "records/ConversionsFile.h"
+#include "records/ConversionsReader.h"
+#define SAVE_HELPER_CONVERSIONS 1
+#endif
+
+#include <optional>
+#include <QByteArray>
+#include <QDir>
+#include <QList>
+
+namespace SaveHelperFiles
+{
+
+struct Kind {
+    const char *word; // names the file on the helper's output lines
+    const char *fileName;
+};
+
+inline const QList<Kind> &kinds()
+{
+    static const QList<Kind> all {
+        { "hive", "registry.reg" },
+#ifdef SAVE_HELPER_CONVERSIONS
+        { "conversions", "conversions.txt" },
+#endif
+    };
+    return all;
+}
+
+inline const QString SettingsKey = QStringLiteral("Software\\Mensura\\settings");
+inline const QString GenerationName = QStringLiteral("generation");
+
+inline void fill(HiveFile &hive, int generation)
+{
+    hive.setValue(SettingsKey, GenerationName, QString::number(generation));
+    for (int k = 0; k < 1000; ++k) {
+        const QString key
+            = QStringLiteral("Software\\Mensura\\User\\Units\\Quantity %1").arg(k % 200);
+        // Lengths vary from one generation to the next, so a torn file also differs in size.
+        hive.setValue(key, QStringLiteral("unit %1").arg(k),
+            QStringLiteral("g%1 k%2 ").arg(generation).arg(k)
+                + QString((generation + k) % 23, u'\u00b5'));
+    }
+}
+
+#ifdef SAVE_HELPER_CONVERSIONS
+// Odd generations hold a character outside code page 1252, so the file alternates between
+// its two encodings.
+inline QList<MarkedConversion> records(int generation)
+{
+    QList<MarkedConversion> list;
+    const QString mark = generation % 2 ? QStringLiteral("\u03a9") : QStringLiteral("\u00b5");
+    for (int k = 0; k < 400; ++k)
+        list.append({ QStringLiteral("g%1").arg(generation), QStringLiteral("unit %1").arg(k),
+            QStringLiteral("%1.%2").arg(k).arg(generation), mark + QString(k % 7, u'x'),
+            QStringLiteral("Quantity %1").arg(k % 43) });
+    return list;
+}
+#endif
+
+// What a file of this kind holds after the save of a generation, byte for byte.
+inline QByteArray expectedBytes(const Kind &kind, int generation)
+{
+#ifdef SAVE_HELPER_CONVERSIONS
+    if (qstrcmp(kind.word, "conversions") == 0)
+        return ConversionsFile::encode(ConversionsFile::recordsText(records(generation)));
+#endif
+    Q_UNUSED(kind);
+    HiveFile hive(QStringLiteral("/dev/null/none.reg"), true);
+    fill(hive, generation);
+    return hive.serialize();
+}
+
+// The generation a file holds, read back through its reader; nothing when it does not read.
+inline std::optional<int> generationIn(const Kind &kind, const QString &path)
+{
+#ifdef SAVE_HELPER_CONVERSIONS
+    if (qstrcmp(kind.word, "conversions") == 0) {
+        const ConversionsReader::Result read = ConversionsReader::readFile(path);
+        if (read.status != ConversionsReader::Finished || read.records.isEmpty())
+            return std::nullopt;
+        return read.records.first().fromValue.mid(1).toInt();
+    }
+#endif
+    Q_UNUSED(kind);
+    HiveFile hive(path, true);
+    if (hive.damaged())
+        return std::nullopt;
+    return hive.value(SettingsKey, GenerationName).value_or(QString()).toInt();
+}
+
+} // namespace SaveHelperFiles
