@@ -99,4 +99,5 @@ constexpr int CurrentFigures = 5601;
 constexpr int CurrentFiguresEnd = 5602;
 constexpr int EqualSign = 5605;
 constexpr int StoreNotWritable = 5610;
+constexpr int SettingNotANumber = 5611;
 } // namespace MainText

@@ -104,6 +104,21 @@ void QuantityTabBar::setRowsHeightLimit(int height)
         relayout();
 }
 
+// A caption's width. Shaping every caption costs more than laying out the whole window; for
+// the Latin letters the quantity names are written in, the sum of the letters' advances is
+// the width (kerning can only make the text narrower than that, never cut it). Other
+// scripts may join or reorder letters and are measured whole.
+static int textWidth(const QFontMetrics &metrics, const QString &text)
+{
+    int width = 0;
+    for (const QChar c : text) {
+        if (c.unicode() > 0x24F)
+            return metrics.horizontalAdvance(text);
+        width += metrics.horizontalAdvance(c);
+    }
+    return width;
+}
+
 QSize QuantityTabBar::buttonSize(int index) const
 {
     // Measuring text is what laying out the buttons costs: each caption is measured once.
@@ -114,7 +129,7 @@ QSize QuantityTabBar::buttonSize(int index) const
             // The caption's "&&" draws as one "&" (a quantity name has no accelerator).
             QString caption = tabText(i);
             caption.replace(QStringLiteral("&&"), QStringLiteral("&"));
-            m_widths[i] = metrics.horizontalAdvance(caption) + 2 * TextMargin;
+            m_widths[i] = textWidth(metrics, caption) + 2 * TextMargin;
         }
     }
     return QSize(m_widths.at(index), rowHeight());

@@ -13,6 +13,7 @@
 #include "main/StatusPanel.h"
 #include "main/ValueEdit.h"
 #include "main/WindowPlacement.h"
+#include "options/frmSetOpt.h"
 #include "records/FileDialogTexts.h"
 #include "records/frmConvRecords.h"
 #include "records/UnitReport.h"
@@ -699,7 +700,8 @@ void frmMain::showInSavedState()
         try {
             return NumberText::toInt32(stored);
         } catch (RuntimeError &error) {
-            error.detail = QStringLiteral("\"%1\" is stored for \"%2\"").arg(stored, name);
+            error.detail = text(MainText::SettingNotANumber)
+                               .arg(name, stored, QString::number(defaultValue));
             m_dialogs.message(this, Notice { Notice::NoIcon, error.messageText(), QString() });
             return defaultValue;
         }
@@ -1324,7 +1326,22 @@ void frmMain::mnuRecordsView_Click()
 }
 
 void frmMain::mnuRecordsFind_Click() { }
-void frmMain::mnufilesetopt_Click() { }
+void frmMain::mnufilesetopt_Click()
+{
+    // Modal: the window gives up being on top while the dialog is open.
+    const bool onTop = mnualwaystoponoff[0]->isChecked();
+    if (onTop)
+        setTopmost(false);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    frmSetOpt dialog(m_catalogue, m_settings, m_session, m_store, m_dialogs, this);
+    connect(&dialog, &frmSetOpt::helpRequested, this, &frmMain::helpRequested);
+    QApplication::restoreOverrideCursor();
+    const bool accepted = dialog.exec() == QDialog::Accepted;
+    if (onTop)
+        setTopmost(true);
+    if (accepted)
+        optionsChanged();
+}
 void frmMain::mnuhelphelp_Click() { }
 void frmMain::mnuHelpWebMensura_Click() { }
 void frmMain::mnuHelpWebGeneralInfo_Click() { }

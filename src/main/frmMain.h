@@ -101,6 +101,8 @@ public:
 signals:
     // The window has been closed for good; the session is saved.
     void unloaded();
+    // A window of the program asks for the help topic with that context number.
+    void helpRequested(int context);
 
 protected:
     bool event(QEvent *event) override;

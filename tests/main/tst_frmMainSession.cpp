@@ -221,7 +221,8 @@ void tst_frmMainSession::windowStateCodes()
 {
     QFETCH(Qt::WindowState, state);
     QFETCH(QString, code);
-    m_hive->writeSetting(QStringLiteral("systray"), QStringLiteral("0")); // minimised, not in a tray
+    m_hive->writeSetting(
+        QStringLiteral("systray"), QStringLiteral("0")); // minimised, not in a tray
     QVERIFY(start());
     m_program->window()->setWindowState(state);
     QVERIFY(m_program->close());
