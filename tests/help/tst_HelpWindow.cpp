@@ -1,0 +1,298 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// SPDX-FileCopyrightText: 2026 The Mensura developers
+//
+// The help: every context number the program asks for opens its topic, every link of every
+// topic leads somewhere, and the window's history and find bar work.
+#include "catalogue/StringTable.h"
+#include "help/HelpTopics.h"
+#include "help/HelpWindow.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QSet>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextBrowser>
+#include <QToolButton>
+
+namespace
+{
+QString topicText(const QString &file)
+{
+    QFile topic(QStringLiteral(":/help/") + file);
+    if (!topic.open(QIODevice::ReadOnly))
+        return QString();
+    return QString::fromUtf8(topic.readAll());
+}
+
+// The targets of every href in a topic (links and the style sheet alike).
+QStringList hrefs(const QString &html)
+{
+    QStringList targets;
+    static const QRegularExpression href(QStringLiteral("href=\"([^\"]*)\""));
+    for (auto match = href.globalMatch(html); match.hasNext();)
+        targets.append(match.next().captured(1));
+    return targets;
+}
+
+QStringList topicFiles()
+{
+    return QDir(QStringLiteral(":/help")).entryList({ QStringLiteral("*.html") }, QDir::Files);
+}
+} // namespace
+
+// Catches what the window asks the desktop to open.
+class UrlCatcher : public QObject
+{
+    Q_OBJECT
+
+public:
+    QList<QUrl> opened;
+
+public Q_SLOTS:
+    void open(const QUrl &url) { opened.append(url); }
+};
+
+class tst_HelpWindow : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void contextOpensItsTopic_data();
+    void contextOpensItsTopic();
+    void everyContextIsUsedAndEveryTopicIsInTheContents();
+    void contextWithoutTopicSaysSo();
+    void everyLinkLeadsToATopicOrOutside_data();
+    void everyLinkLeadsToATopicOrOutside();
+    void clickedLinksStayInsideOrGoToTheDesktop();
+    void backAndForwardFollowTheTopicsShown();
+    void findBarFindsInThePage();
+    void standsBesideItsAnchor();
+
+private:
+    std::unique_ptr<QWidget> m_anchor;
+    HelpWindow *m_help = nullptr;
+    QTextBrowser *m_topic = nullptr;
+};
+
+void tst_HelpWindow::init()
+{
+    m_anchor = std::make_unique<QWidget>();
+    m_anchor->setGeometry(100, 100, 500, 400);
+    m_help = new HelpWindow(m_anchor.get());
+    m_topic = m_help->findChild<QTextBrowser *>(QStringLiteral("txtTopic"));
+    QVERIFY(m_topic);
+}
+
+void tst_HelpWindow::cleanup()
+{
+    m_anchor.reset();
+}
+
+void tst_HelpWindow::contextOpensItsTopic_data()
+{
+    QTest::addColumn<int>("context");
+    QTest::addColumn<QString>("heading");
+
+    // The numbers the windows use, and a phrase from the topic each must show.
+    QTest::newRow("physical constants (View menu)") << 100 << "Physical constants";
+    QTest::newRow("metric prefixes (View menu)") << 105 << "Metric (SI) prefixes";
+    QTest::newRow("SI units (View menu)") << 27 << "Base and derived SI units";
+    QTest::newRow("options dialog (F1)") << 40 << "The options dialog";
+    QTest::newRow("custom units tutorial (options)")
+        << 24 << "How to add and remove custom quantities";
+    QTest::newRow("main window") << int(HelpTopics::MainWindow) << "The main window";
+    QTest::newRow("number display") << int(HelpTopics::NumberDisplay) << "Significant figures";
+    QTest::newRow("marked conversions window")
+        << int(HelpTopics::MarkedConversions) << "Marked conversions";
+    QTest::newRow("find dialog") << int(HelpTopics::FindUnit) << "Finding a unit";
+}
+
+void tst_HelpWindow::contextOpensItsTopic()
+{
+    QFETCH(int, context);
+    QFETCH(QString, heading);
+    m_help->showContext(context);
+    QVERIFY(m_help->isVisible());
+    QCOMPARE(m_topic->source(), HelpTopics::topicUrl(context));
+    QVERIFY(!m_topic->documentTitle().isEmpty());
+    QVERIFY2(m_topic->toPlainText().contains(heading), qPrintable(heading));
+}
+
+void tst_HelpWindow::everyContextIsUsedAndEveryTopicIsInTheContents()
+{
+    const QSet<int> used { 100, 105, 27, 40, 24, HelpTopics::MainWindow, HelpTopics::NumberDisplay,
+        HelpTopics::MarkedConversions, HelpTopics::FindUnit };
+    const QList<int> contexts = HelpTopics::contexts();
+    QCOMPARE(QSet<int>(contexts.begin(), contexts.end()), used);
+
+    const QStringList contents = hrefs(topicText(QStringLiteral("index.html")));
+    for (int context : contexts)
+        QVERIFY2(contents.contains(HelpTopics::topicFile(context)),
+            qPrintable(HelpTopics::topicFile(context)));
+    // No topic is left out of the table either.
+    QStringList files = topicFiles();
+    files.removeOne(QStringLiteral("index.html"));
+    QCOMPARE(files.size(), contexts.size());
+}
+
+void tst_HelpWindow::contextWithoutTopicSaysSo()
+{
+    m_help->showContext(4711);
+    QVERIFY(m_help->isVisible());
+    QCOMPARE(m_topic->toPlainText().trimmed(), StringTable::text(5621).arg(4711));
+}
+
+void tst_HelpWindow::everyLinkLeadsToATopicOrOutside_data()
+{
+    QTest::addColumn<QString>("file");
+    const QStringList files = topicFiles();
+    QVERIFY(files.size() > 1);
+    for (const QString &file : files)
+        QTest::newRow(qPrintable(file)) << file;
+}
+
+void tst_HelpWindow::everyLinkLeadsToATopicOrOutside()
+{
+    QFETCH(QString, file);
+    const QString html = topicText(file);
+    QVERIFY(!html.isEmpty());
+    const QUrl page = HelpTopics::baseUrl().resolved(QUrl(file));
+    for (const QString &href : hrefs(html)) {
+        const QUrl target = page.resolved(QUrl(href));
+        if (!HelpTopics::isHelpAddress(target)) {
+            QVERIFY2(target.scheme() == QLatin1String("https")
+                    || target.scheme() == QLatin1String("http")
+                    || target.scheme() == QLatin1String("mailto"),
+                qPrintable(href));
+            QVERIFY2(!target.host().isEmpty() || target.scheme() == QLatin1String("mailto"),
+                qPrintable(href));
+            continue;
+        }
+        const QString targetText
+            = topicText(target.path().mid(HelpTopics::baseUrl().path().size()));
+        QVERIFY2(!targetText.isEmpty() || QFile::exists(QLatin1Char(':') + target.path()),
+            qPrintable(href));
+        if (target.hasFragment()) {
+            const QString anchor = QStringLiteral("name=\"%1\"").arg(target.fragment());
+            QVERIFY2(targetText.contains(anchor), qPrintable(href));
+        }
+    }
+}
+
+// Clicks the first link of the shown topic whose address starts with prefix.
+static bool clickLink(QTextBrowser *browser, const QString &prefix)
+{
+    for (QTextBlock block = browser->document()->begin(); block.isValid(); block = block.next()) {
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QTextFragment fragment = it.fragment();
+            if (!fragment.charFormat().isAnchor()
+                || !fragment.charFormat().anchorHref().startsWith(prefix))
+                continue;
+            QTextCursor cursor(browser->document());
+            cursor.setPosition(fragment.position() + 1);
+            browser->ensureCursorVisible();
+            browser->setTextCursor(cursor);
+            browser->ensureCursorVisible();
+            const QPoint point = browser->cursorRect(cursor).center();
+            QTest::mouseClick(browser->viewport(), Qt::LeftButton, {}, point);
+            return true;
+        }
+    }
+    return false;
+}
+
+void tst_HelpWindow::clickedLinksStayInsideOrGoToTheDesktop()
+{
+    UrlCatcher catcher;
+    for (const char *scheme : { "http", "https", "mailto" })
+        QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), &catcher, "open");
+    m_help->showContents();
+    QVERIFY(QTest::qWaitForWindowExposed(m_help));
+
+    QVERIFY(clickLink(m_topic, QStringLiteral("https://physics.nist.gov")));
+    QCOMPARE(catcher.opened,
+        QList<QUrl> { QUrl(QStringLiteral("https://physics.nist.gov/cuu/Units/")) });
+    QCOMPARE(m_topic->source(), HelpTopics::contentsUrl());
+
+    QVERIFY(clickLink(m_topic, QStringLiteral("prefixes.html")));
+    QCOMPARE(m_topic->source(), HelpTopics::topicUrl(HelpTopics::MetricPrefixes));
+    QCOMPARE(catcher.opened.size(), 1);
+    for (const char *scheme : { "http", "https", "mailto" })
+        QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
+}
+
+void tst_HelpWindow::backAndForwardFollowTheTopicsShown()
+{
+    auto *back = m_help->findChild<QToolButton *>(QStringLiteral("cmdBack"));
+    auto *forward = m_help->findChild<QToolButton *>(QStringLiteral("cmdForward"));
+    auto *contents = m_help->findChild<QToolButton *>(QStringLiteral("cmdContents"));
+    QVERIFY(back && forward && contents);
+
+    m_help->showContext(HelpTopics::PhysicalConstants);
+    QVERIFY(!back->isEnabled());
+    m_help->showContext(HelpTopics::MetricPrefixes);
+    QVERIFY(back->isEnabled());
+    QVERIFY(!forward->isEnabled());
+
+    QTest::mouseClick(back, Qt::LeftButton);
+    QCOMPARE(m_topic->source(), HelpTopics::topicUrl(HelpTopics::PhysicalConstants));
+    QVERIFY(forward->isEnabled());
+    QTest::mouseClick(forward, Qt::LeftButton);
+    QCOMPARE(m_topic->source(), HelpTopics::topicUrl(HelpTopics::MetricPrefixes));
+    QTest::mouseClick(contents, Qt::LeftButton);
+    QCOMPARE(m_topic->source(), HelpTopics::contentsUrl());
+}
+
+void tst_HelpWindow::findBarFindsInThePage()
+{
+    m_help->showContext(HelpTopics::PhysicalConstants);
+    QVERIFY(QTest::qWaitForWindowExposed(m_help));
+    auto *findText = m_help->findChild<QLineEdit *>(QStringLiteral("txtFindInPage"));
+    auto *notFound = m_help->findChild<QLabel *>(QStringLiteral("lblNotFound"));
+    QVERIFY(findText && notFound);
+    QVERIFY(!findText->isVisible());
+
+    m_help->activateWindow();
+    QTest::keyClick(m_topic, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(findText->isVisible());
+
+    QTest::keyClicks(findText, QStringLiteral("boltzmann"));
+    QCOMPARE(m_topic->textCursor().selectedText(), QStringLiteral("Boltzmann"));
+    QVERIFY(!notFound->isVisible());
+    const int first = m_topic->textCursor().selectionStart();
+    QTest::keyClick(findText, Qt::Key_Return);
+    QVERIFY(m_topic->textCursor().selectionStart() > first);
+    // Searching on from the last match goes round to the first.
+    for (int i = 0; i < 20 && m_topic->textCursor().selectionStart() != first; ++i)
+        QTest::keyClick(findText, Qt::Key_Return);
+    QCOMPARE(m_topic->textCursor().selectionStart(), first);
+
+    QTest::keyClicks(findText, QStringLiteral("xyzzy"));
+    QVERIFY(notFound->isVisible());
+    QTest::keyClick(findText, Qt::Key_Escape);
+    QVERIFY(!findText->isVisible());
+}
+
+void tst_HelpWindow::standsBesideItsAnchor()
+{
+    m_anchor->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_anchor.get()));
+    m_help->showContents();
+    const QRect anchor = m_anchor->frameGeometry();
+    const QRect help = m_help->frameGeometry();
+    QVERIFY2(!help.intersects(anchor) || help.right() >= anchor.right(),
+        qPrintable(QStringLiteral("%1,%2 %3x%4")
+                       .arg(help.x())
+                       .arg(help.y())
+                       .arg(help.width())
+                       .arg(help.height())));
+}
+
+QTEST_MAIN(tst_HelpWindow)
+#include "tst_HelpWindow.moc"
