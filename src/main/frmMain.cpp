@@ -1277,6 +1277,7 @@ frmConvRecords &frmMain::convRecords()
         m_convRecords = new frmConvRecords(m_settings, m_session, m_store, m_dialogs, *this, this);
         connect(m_convRecords, &frmConvRecords::deleteAllRequested, this,
             &frmMain::mnurecordspurge_Click);
+        connect(m_convRecords, &frmConvRecords::helpRequested, this, &frmMain::helpRequested);
     }
     return *m_convRecords;
 }

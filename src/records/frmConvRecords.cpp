@@ -4,6 +4,7 @@
 
 #include "catalogue/StringTable.h"
 #include "convert/NumberText.h"
+#include "help/HelpTopics.h"
 #include "main/MainWindowControl.h"
 #include "records/ConversionsFile.h"
 #include "records/FileDialogTexts.h"
@@ -651,7 +652,7 @@ void frmConvRecords::cmdHideForm_Click()
 
 void frmConvRecords::cmdHelp_Click()
 {
-    emit helpRequested(HelpContext);
+    emit helpRequested(HelpTopics::MarkedConversions);
 }
 
 void frmConvRecords::mnuEditSelectAll_Click()

@@ -40,8 +40,6 @@ class frmConvRecords : public QMainWindow
 public:
     // "some": the selected lines; "all": every line.
     enum Mode { Some, All };
-    // The help topic of this window.
-    static constexpr int HelpContext = 50;
 
     struct LoadOutcome {
         ConversionsReader::Status status = ConversionsReader::Finished;

@@ -4,6 +4,7 @@
 // The marked conversions window driven as a user drives it: lines shown for marked conversions,
 // selection texts, menu states, copy, delete, make current, save and load with their failures
 // and cancelling, and the window's placement.
+#include "help/HelpTopics.h"
 #include "records/ConversionsFile.h"
 #include "records/frmConvRecords.h"
 #include "records/PdfText.h"
@@ -61,6 +62,7 @@ private slots:
     void cancelledLoadKeepsWhatWasRead();
     void longLinesScrollIntoView();
     void closingHidesAndKeepsTheList();
+    void helpButtonAsksForItsTopic();
     void placement_data();
     void placement();
 
@@ -638,6 +640,14 @@ void tst_frmConvRecords::closingHidesAndKeepsTheList()
     window->show();
     QCOMPARE(window->count(), 2);
     QCOMPARE(shownLines().size(), 2);
+}
+
+void tst_frmConvRecords::helpButtonAsksForItsTopic()
+{
+    QSignalSpy help(window.get(), &frmConvRecords::helpRequested);
+    window->findChild<QPushButton *>("cmdHelp")->click();
+    QCOMPARE(help.size(), 1);
+    QCOMPARE(HelpTopics::topicFile(help[0][0].toInt()), QStringLiteral("marked.html"));
 }
 
 void tst_frmConvRecords::placement_data()
