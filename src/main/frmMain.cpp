@@ -20,6 +20,10 @@
 #include "main/ValueEdit.h"
 #include "main/WindowPlacement.h"
 #include "options/frmSetOpt.h"
+#include "records/FileDialogTexts.h"
+#include "records/frmConvRecords.h"
+#include "records/UnitReport.h"
+#include "records/UnitReportCommands.h"
 #include "shell/Dialogs.h"
 #include "shell/HiveFile.h"
 #include "shell/Session.h"
@@ -802,7 +806,8 @@ void frmMain::showCurrentFigures()
 
 void frmMain::showMarkedCount()
 {
-    StatusBarPanel[0]->setText(text(MainText::MarkedCount) + QString::number(m_marked.size()));
+    StatusBarPanel[0]->setText(
+        text(MainText::MarkedCount) + QString::number(markedConversions().size()));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1142,10 +1147,8 @@ void frmMain::RecordConversion()
         mnuview2records->setEnabled(true);
     }
     const int q = m_catalogue.CurrentQuantity;
-    m_marked.append({ txtLeft->currentText(), selectedText(lstLeft), txtRight->text(),
-        selectedText(lstRight), q > 0 ? m_catalogue.Quantities.at(q).Name : QString() });
-    m_session.MarkedConversionsSaved = false;
-    showMarkedCount();
+    convRecords().AddConv(txtLeft->currentText(), selectedText(lstLeft), txtRight->text(),
+        selectedText(lstRight), q > 0 ? m_catalogue.Quantities.at(q).Name : QString());
 }
 
 void frmMain::mnurecordsAddAll_Click()
@@ -1158,6 +1161,7 @@ void frmMain::mnurecordsAddAll_Click()
 
     QList<Notice> notices;
     std::optional<QString> replacedEntry;
+    QList<MarkedConversion> added;
     QApplication::setOverrideCursor(Qt::WaitCursor);
     for (int row = 0; row < lstRight->count(); ++row) {
         const QString toUnit = lstRight->item(row)->text();
@@ -1169,12 +1173,13 @@ void frmMain::mnurecordsAddAll_Click()
             replacedEntry = converted.replacedEntry;
         // A conversion that failed has no value to keep.
         if (!converted.text.isEmpty())
-            m_marked.append({ valueText, fromUnit, converted.text, toUnit, quantity });
+            added.append({ valueText, fromUnit, converted.text, toUnit, quantity });
     }
+    convRecords().addConversions(added);
     QApplication::restoreOverrideCursor();
     showNotices(notices);
 
-    if (!m_marked.isEmpty()) {
+    if (convRecords().count() > 0) {
         m_session.MarkedConversionsExist = true;
         m_session.MarkedConversionsSaved = false;
         mnuRecordsView->setEnabled(true);
@@ -1198,7 +1203,8 @@ void frmMain::deleteMarkedConversions()
         text(MainText::Confirmation) };
     if (m_dialogs.question(this, question, Dialogs::YesNo, Dialogs::No) != Dialogs::Yes)
         return;
-    m_marked.clear();
+    if (m_convRecords)
+        m_convRecords->clearAll();
     markedCountChanged(0);
     setMarkEnabled(false);
     refreshResult();
@@ -1266,9 +1272,54 @@ bool frmMain::isTopmost() const
 // ---------------------------------------------------------------------------------------------
 // Commands of the other windows
 
-void frmMain::mnuFileLoad_Click() { }
-void frmMain::mnuFilePrintAllConvForItem_Click() { }
-void frmMain::mnuFileSaveAllConvForItem_Click() { }
+const QList<MarkedConversion> &frmMain::markedConversions() const
+{
+    static const QList<MarkedConversion> none;
+    return m_convRecords ? m_convRecords->conversions() : none;
+}
+
+frmConvRecords &frmMain::convRecords()
+{
+    if (!m_convRecords) {
+        m_convRecords = new frmConvRecords(m_settings, m_session, m_store, m_dialogs, *this, this);
+        connect(m_convRecords, &frmConvRecords::deleteAllRequested, this,
+            &frmMain::mnurecordspurge_Click);
+        connect(m_convRecords, &frmConvRecords::helpRequested, this, &frmMain::helpRequested);
+    }
+    return *m_convRecords;
+}
+
+UnitReport frmMain::currentUnitReport()
+{
+    const int q = m_catalogue.CurrentQuantity;
+    QStringList units;
+    for (int row = 0; row < lstRight->count(); ++row)
+        units.append(lstRight->item(row)->text());
+    QList<Notice> notices;
+    const UnitReport report
+        = UnitReport::convert(m_engine, txtLeft->currentText(), selectedText(lstLeft),
+            q > 0 ? m_catalogue.Quantities.at(q).Name : QString(), units, &notices);
+    showNotices(notices);
+    return report;
+}
+
+void frmMain::mnuFileLoad_Click()
+{
+    const QString path = FileDialogTexts::openFileName(m_dialogs, this);
+    if (!path.isEmpty())
+        convRecords().loadFile(path, this);
+}
+
+void frmMain::mnuFilePrintAllConvForItem_Click()
+{
+    UnitReportCommands(m_dialogs, this).printAll(currentUnitReport());
+}
+
+void frmMain::mnuFileSaveAllConvForItem_Click()
+{
+    UnitReportCommands(m_dialogs, this).saveAll(currentUnitReport());
+}
+
 void frmMain::mnuviewphys_Click()
 {
     showHelp(HelpTopics::PhysicalConstants);
@@ -1290,7 +1341,6 @@ void frmMain::mnuviewcalc_Click()
     if (!ShellProgramRunner::run(m_settings, m_store, m_dialogs, this))
         mnufilesetopt_Click();
 }
-void frmMain::mnuRecordsView_Click() { }
 void frmMain::mnuRecordsFind_Click()
 {
     // The find dialog would sit behind a window kept on top: "Off" for good.
@@ -1300,6 +1350,15 @@ void frmMain::mnuRecordsFind_Click()
     connect(&dialog, &frmFind::helpRequested, this, &frmMain::showHelp);
     dialog.exec();
 }
+
+void frmMain::mnuRecordsView_Click()
+{
+    frmConvRecords &window = convRecords();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
 void frmMain::mnufilesetopt_Click()
 {
     // Modal: the window gives up being on top while the dialog is open.
@@ -1457,6 +1516,9 @@ void frmMain::closeEvent(QCloseEvent *event)
             return;
         }
     }
+    // The marked conversions window goes first; its placement is saved with the rest.
+    if (m_convRecords)
+        m_convRecords->close();
     saveSession();
     m_unloaded = true;
     m_hook->release();

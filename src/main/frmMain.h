@@ -13,12 +13,13 @@
 // (BuildQuantityTabs), puts the last conversion back and shows the window in its saved state;
 // closing the window saves the session.
 //
-// Until the marked conversions window exists, the marked conversions are kept here, in
-// memory, as lines of five texts.
+// The marked conversions live in the marked conversions window (frmConvRecords), made when the
+// first one is marked, loaded or shown.
 #pragma once
 
 #include "convert/ConversionEngine.h"
 #include "main/MainWindowControl.h"
+#include "records/MarkedConversion.h"
 
 #include <QHash>
 #include <QMainWindow>
@@ -40,6 +41,8 @@ class QuantityTabBar;
 class Settings;
 class SettingsStore;
 class StatusPanel;
+class frmConvRecords;
+struct UnitReport;
 class ValueEdit;
 class QStatusBar;
 struct Session;
@@ -52,14 +55,7 @@ class frmMain : public QMainWindow, public MainWindowControl
 
 public:
     // One marked conversion: from value, from unit, to value, to unit, quantity.
-    struct MarkedLine {
-        QString fromValue, fromUnit, toValue, toUnit, quantity;
-        bool operator==(const MarkedLine &other) const
-        {
-            return fromValue == other.fromValue && fromUnit == other.fromUnit
-                && toValue == other.toValue && toUnit == other.toUnit && quantity == other.quantity;
-        }
-    };
+    using MarkedLine = MarkedConversion;
 
     frmMain(Catalogue &catalogue, Settings &settings, Session &session, SettingsStore &store,
         Dialogs &dialogs, QWidget *parent = nullptr);
@@ -90,7 +86,9 @@ public:
     bool isTopmost() const;
     bool isInTray() const;
 
-    const QList<MarkedLine> &markedConversions() const { return m_marked; }
+    const QList<MarkedLine> &markedConversions() const;
+    // The marked conversions window, made on first use.
+    frmConvRecords &convRecords();
     QStringList valueHistory() const;
 
     // MainWindowControl
@@ -196,6 +194,8 @@ private:
     void stepTab(int step);
     void setMarkEnabled(bool enabled);
     void deleteMarkedConversions();
+    // The value, the initial unit and every unit of the right-hand list, converted.
+    UnitReport currentUnitReport();
     void saveSession();
 
     // Changes made by the program itself: the next update is skipped, as the engine expects.
@@ -287,7 +287,7 @@ private:
 
     QActionGroup *m_onTopGroup = nullptr;
     QHash<QString, QuantityMemory> m_memory; // by quantity name
-    QList<MarkedLine> m_marked;
+    frmConvRecords *m_convRecords = nullptr;
     MainWindowHook *m_hook = nullptr;
     ValueEdit *m_valueEdit = nullptr;
     bool m_buildingTabs = false;
