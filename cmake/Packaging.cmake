@@ -35,7 +35,7 @@ endforeach()
 file(GLOB help_topics ${resources}/help/*.html ${resources}/help/*.css ${resources}/help/*.png
     ${resources}/help/*.svg)
 if(help_topics)
-    install(FILES ${help_topics} DESTINATION ${CMAKE_INSTALL_DOCDIR}/html)
+    install(FILES ${help_topics} DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/mensura/html)
 endif()
 
 # Debian package: mensura_<version>_<arch>.deb. The libraries come from dpkg-shlibdeps (package
