@@ -3,6 +3,7 @@
 #include "records/ConversionsFile.h"
 
 #include "catalogue/StringTable.h"
+#include "records/ConversionsReader.h"
 #include "records/Windows1252.h"
 
 #include <QIODevice>
@@ -89,9 +90,52 @@ QString ConversionsFile::reportText(const UnitReport &report)
     return text;
 }
 
+namespace
+{
+// Looks at a file's texts one by one to choose its encoding. Code page 1252 is chosen only when
+// the reader will take the bytes for 1252 again: every character has a byte there, and the
+// bytes are plain ASCII or not valid UTF-8 (the 1252 bytes of "Ã©" are the UTF-8 of "é"). The texts
+// are joined by ASCII, so the whole is valid UTF-8 when each text is.
+struct EncodingCheck {
+    bool representable = true;
+    bool nonAscii = false;
+    bool invalidUtf8 = false;
+
+    void add(QStringView text)
+    {
+        if (!representable)
+            return;
+        if (invalidUtf8) {
+            representable = Windows1252::canEncode(text);
+            return;
+        }
+        if (!Windows1252::canEncode(text)) {
+            representable = false;
+            return;
+        }
+        const QByteArray bytes = Windows1252::encode(text);
+        for (const char b : bytes) {
+            if (static_cast<unsigned char>(b) >= 0x80) {
+                nonAscii = true;
+                invalidUtf8 = !ConversionsReader::isValidUtf8(bytes.constData(), bytes.size());
+                break;
+            }
+        }
+    }
+
+    ConversionsFile::Encoding encoding() const
+    {
+        return representable && (!nonAscii || invalidUtf8) ? ConversionsFile::Encoding::Windows1252
+                                                           : ConversionsFile::Encoding::Utf8;
+    }
+};
+} // namespace
+
 ConversionsFile::Encoding ConversionsFile::encodingFor(QStringView text)
 {
-    return Windows1252::canEncode(text) ? Encoding::Windows1252 : Encoding::Utf8;
+    EncodingCheck check;
+    check.add(text);
+    return check.encoding();
 }
 
 QByteArray ConversionsFile::encode(QStringView text)
@@ -121,14 +165,15 @@ ConversionsFile::WriteResult ConversionsFile::writeRecords(
 {
     const QString header = headerText();
     // The encoding must be known before the first byte: look at every text first.
-    bool ansi = Windows1252::canEncode(header);
-    for (qsizetype i = 0; ansi && i < records.size(); ++i) {
+    EncodingCheck check;
+    check.add(header);
+    for (qsizetype i = 0; check.representable && i < records.size(); ++i) {
         const MarkedConversion &r = records[i];
-        ansi = Windows1252::canEncode(r.fromValue) && Windows1252::canEncode(r.fromUnit)
-            && Windows1252::canEncode(r.toValue) && Windows1252::canEncode(r.toUnit)
-            && Windows1252::canEncode(r.quantity);
+        for (const QString *text :
+            { &r.fromValue, &r.fromUnit, &r.toValue, &r.toUnit, &r.quantity })
+            check.add(*text);
     }
-    const Encoding encoding = ansi ? Encoding::Windows1252 : Encoding::Utf8;
+    const Encoding encoding = check.encoding();
 
     WriteResult result = writeBytes(device, encode(header, encoding, true));
     QString chunk;

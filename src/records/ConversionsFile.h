@@ -52,7 +52,8 @@ public:
     static QString recordsText(const QList<MarkedConversion> &records);
     static QString reportText(const UnitReport &report);
 
-    // Code page 1252 when it holds every character of the text, else UTF-8.
+    // Code page 1252 when it holds every character of the text and its bytes cannot be taken
+    // for UTF-8 on reading, else UTF-8.
     static Encoding encodingFor(QStringView text);
     // The bytes of a file's text: 1252, or UTF-8 with its byte-order mark.
     static QByteArray encode(QStringView text);

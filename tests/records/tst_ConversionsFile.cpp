@@ -4,6 +4,7 @@
 // The bytes of conversions files as written, their encoding, and how saving fails: a failed or
 // cancelled save must leave whatever file was there untouched.
 #include "records/ConversionsFile.h"
+#include "records/ConversionsReader.h"
 #include "records/TestRecords.h"
 
 #include <QBuffer>
@@ -58,6 +59,8 @@ private slots:
     void markedConversionBytes();
     void reportBytes_data();
     void reportBytes();
+    void writtenTextsReadBack_data();
+    void writtenTextsReadBack();
     void progressAndCancel();
     void writeFaultIsReported();
     void saveFailureLeavesOldFile_data();
@@ -112,6 +115,44 @@ void tst_ConversionsFile::markedConversionBytes()
     QFETCH(QByteArray, expected);
     QCOMPARE(written(records), expected);
     QCOMPARE(ConversionsFile::encode(ConversionsFile::recordsText(records)), expected);
+}
+
+void tst_ConversionsFile::writtenTextsReadBack_data()
+{
+    QTest::addColumn<Records>("records");
+    QTest::addColumn<bool>("withMark");
+
+    QTest::newRow("plain ASCII in code page 1252")
+        << Records { conversion("12", "metre (m)", "39.37", "inch (in)", "Length") } << false;
+    QTest::newRow("degree sign in code page 1252")
+        << Records { conversion("1", "Celsius (\u00B0C)", "1", "kelvin (K)", "Temperature") }
+        << false;
+    QTest::newRow("1252 bytes that are valid UTF-8 are written as UTF-8")
+        << Records { conversion("1", "\u00C3\u00A9", "1", "\u00E2\u201A\u00AC", "q") } << true;
+    QTest::newRow("one text whose 1252 bytes are not UTF-8 keeps the file in 1252")
+        << Records { conversion("1", "\u00C3\u00A9", "1", "\u00B0", "q") } << false;
+    QTest::newRow("such texts in different records")
+        << Records { conversion("1", "\u00C3\u00A9", "1", "b", "q"),
+               conversion("2", "a", "2", "\u00E9t\u00E9", "q") }
+        << false;
+    QTest::newRow("a character outside 1252 with mojibake beside it")
+        << Records { conversion("1", "\u00C3\u00A9", "1", "\u03A9", "q") } << true;
+}
+
+// Whatever encoding the writer picks, the reader must take the bytes for that encoding.
+void tst_ConversionsFile::writtenTextsReadBack()
+{
+    QFETCH(Records, records);
+    QFETCH(bool, withMark);
+    const QByteArray bytes = written(records);
+    QCOMPARE(bytes.startsWith("\xEF\xBB\xBF"), withMark);
+    const ConversionsReader::Result read = ConversionsReader::readBytes(bytes);
+    QCOMPARE(read.status, ConversionsReader::Finished);
+    QCOMPARE(read.records, records);
+    QCOMPARE(
+        ConversionsReader::readBytes(ConversionsFile::encode(ConversionsFile::recordsText(records)))
+            .records,
+        records);
 }
 
 void tst_ConversionsFile::reportBytes_data()

@@ -2,17 +2,13 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The files that save_helper saves over and over and tst_KillDuringSave expects to find whole:
-// a large hive and, where the conversions file module is built, a large conversions file. Every
+// a large hive and a large conversions file. Every
 // value and record of generation g names g, so a file mixing two saves cannot pass for one.
 #pragma once
 
-#include "shell/HiveFile.h"
-
-#if __has_include("records/ConversionsFile.h")
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
-#define SAVE_HELPER_CONVERSIONS 1
-#endif
+#include "shell/HiveFile.h"
 
 #include <optional>
 #include <QByteArray>
@@ -31,9 +27,7 @@ inline const QList<Kind> &kinds()
 {
     static const QList<Kind> all {
         { "hive", "registry.reg" },
-#ifdef SAVE_HELPER_CONVERSIONS
         { "conversions", "conversions.txt" },
-#endif
     };
     return all;
 }
@@ -54,7 +48,6 @@ inline void fill(HiveFile &hive, int generation)
     }
 }
 
-#ifdef SAVE_HELPER_CONVERSIONS
 // Odd generations hold a character outside code page 1252, so the file alternates between
 // its two encodings.
 inline QList<MarkedConversion> records(int generation)
@@ -67,16 +60,12 @@ inline QList<MarkedConversion> records(int generation)
             QStringLiteral("Quantity %1").arg(k % 43) });
     return list;
 }
-#endif
 
 // What a file of this kind holds after the save of a generation, byte for byte.
 inline QByteArray expectedBytes(const Kind &kind, int generation)
 {
-#ifdef SAVE_HELPER_CONVERSIONS
     if (qstrcmp(kind.word, "conversions") == 0)
         return ConversionsFile::encode(ConversionsFile::recordsText(records(generation)));
-#endif
-    Q_UNUSED(kind);
     HiveFile hive(QStringLiteral("/dev/null/none.reg"), true);
     fill(hive, generation);
     return hive.serialize();
@@ -85,15 +74,12 @@ inline QByteArray expectedBytes(const Kind &kind, int generation)
 // The generation a file holds, read back through its reader; nothing when it does not read.
 inline std::optional<int> generationIn(const Kind &kind, const QString &path)
 {
-#ifdef SAVE_HELPER_CONVERSIONS
     if (qstrcmp(kind.word, "conversions") == 0) {
         const ConversionsReader::Result read = ConversionsReader::readFile(path);
         if (read.status != ConversionsReader::Finished || read.records.isEmpty())
             return std::nullopt;
         return read.records.first().fromValue.mid(1).toInt();
     }
-#endif
-    Q_UNUSED(kind);
     HiveFile hive(path, true);
     if (hive.damaged())
         return std::nullopt;

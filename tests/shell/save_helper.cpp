@@ -18,15 +18,12 @@ bool save(const SaveHelperFiles::Kind &kind, const QDir &folder, HiveFile &hive,
 {
     std::printf("saving %s %d\n", kind.word, generation);
     std::fflush(stdout);
-    Q_UNUSED(folder); // without the conversions file only the hive is saved, where it is
     bool saved;
-#ifdef SAVE_HELPER_CONVERSIONS
     if (qstrcmp(kind.word, "conversions") == 0)
         saved = ConversionsFile::saveRecords(folder.filePath(QString::fromLatin1(kind.fileName)),
             SaveHelperFiles::records(generation))
                     .ok();
     else
-#endif
         saved = hive.flush();
     if (!saved)
         return false;
