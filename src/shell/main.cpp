@@ -9,6 +9,7 @@
 #include "shell/Startup.h"
 
 #include <QApplication>
+#include <QCommandLineParser>
 
 int main(int argc, char *argv[])
 {
@@ -16,6 +17,15 @@ int main(int argc, char *argv[])
     QApplication::setApplicationName(QStringLiteral("mensura"));
     QApplication::setApplicationVersion(QStringLiteral(MENSURA_VERSION));
     QApplication::setQuitOnLastWindowClosed(false);
+
+    // --help and --version answer and end here; an unknown option is refused with a message.
+    QCommandLineParser parser;
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOption({ QStringLiteral("hive"),
+        QStringLiteral("Keep the settings in FILE instead of the usual place."),
+        QStringLiteral("FILE") });
+    parser.process(app);
 
     MessageBoxDialogs dialogs;
     Startup startup(QApplication::arguments(), dialogs);
