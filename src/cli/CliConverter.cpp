@@ -70,3 +70,12 @@ CliConverter::Outcome CliConverter::convertResolved(
         outcome.exitStatus = ConversionFailed;
     return outcome;
 }
+
+UnitReport CliConverter::report(
+    const QString &value, const UnitLookup::Resolution &resolution, QList<Notice> *notices)
+{
+    m_catalogue.CurrentQuantity = resolution.quantity;
+    const int q = resolution.quantity;
+    return UnitReport::convert(m_engine, value, m_catalogue.Units[q][resolution.fromUnit].Name,
+        m_catalogue.Quantities[q].Name, m_catalogue.enabledUnitNames(q), notices);
+}

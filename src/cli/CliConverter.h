@@ -9,6 +9,7 @@
 
 #include "cli/UnitLookup.h"
 #include "convert/ConversionEngine.h"
+#include "records/UnitReport.h"
 #include "shell/Session.h"
 
 #include <QString>
@@ -38,6 +39,11 @@ public:
         const QString &value, const QString &from, const QString &to, const QString &quantity);
     // The same for names already resolved.
     Outcome convertResolved(const QString &value, const UnitLookup::Resolution &resolution);
+
+    // The value converted from the resolved unit into every enabled unit of its quantity, as
+    // the main window's report commands convert it; failures' messages go to notices.
+    UnitReport report(
+        const QString &value, const UnitLookup::Resolution &resolution, QList<Notice> *notices);
 
     UnitLookup &lookup() { return m_lookup; }
 

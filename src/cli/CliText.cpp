@@ -8,6 +8,8 @@ QString CliText::help()
   mensura-cli convert VALUE FROM_UNIT TO_UNIT [--quantity NAME] [options]
   mensura-cli convert --batch [--quantity NAME] [options] < LINES
   mensura-cli units [QUANTITY] [--tsv] [--all] [--hive FILE]
+  mensura-cli report VALUE FROM_UNIT [--quantity NAME] [-o FILE] [options]
+  mensura-cli records FILE [--csv]
   mensura-cli --help | --version
 
 Converts VALUE from FROM_UNIT into TO_UNIT and prints the result exactly as Mensura's
@@ -20,6 +22,15 @@ Commands:
   units          Lists the quantities (in the main window's alphabetical order), or the
                  units of QUANTITY with their factor text (how many default units one
                  unit is) and whether that factor is exact.
+  report         Converts VALUE from FROM_UNIT into every enabled unit of its quantity, as
+                 Mensura's "save all conversions" does. Without -o the report goes to
+                 standard output; with -o FILE it is saved as a conversions file that
+                 Mensura loads (Windows-1252, or UTF-8 with a byte-order mark when a text
+                 needs it, CR LF line ends).
+  records        Reads a conversions file as Mensura's load command does and prints its
+                 records one a line: from value, from unit, to value, to unit and quantity,
+                 separated by tabs (a tab within a text becomes a blank), or as CSV
+                 (RFC 4180, CR LF line ends) with --csv, for a spreadsheet.
 
 The value:
   VALUE is read as the main window reads its value box: the number at its start counts
@@ -62,6 +73,10 @@ Options:
                      units:      NAME, FACTOR, exact|inexact|formula, default|"",
                                  builtin|custom, on|off
   --all            units: also the switched-off quantities and units.
+  -o, --output FILE
+                   report: saves the report in FILE instead of printing it. An existing
+                   file is replaced only once the new one is written whole.
+  --csv            records: CSV instead of tab-separated fields.
   -h, --help       This text.
   --version        The program's version.
 
@@ -73,15 +88,20 @@ Temperature:
 Exit status:
   0  converted (or listed)
   1  a conversion failed (a number too big to calculate, a division by zero): the
-     message goes to standard error; in batch mode, at least one line failed
+     message goes to standard error; in batch mode, at least one line failed; in a
+     report, a unit's value is left empty; a conversions file holds a damaged record
+     (the records before it are printed)
   2  a wrong command line: an unknown command, option, quantity or unit, a value that is
-     not a number, an option value out of range, a --hive file that cannot be read
+     not a number, an option value out of range, a --hive file that cannot be read;
+     a file that cannot be read or written, or that is no conversions file
 
 Examples:
   mensura-cli convert 12 inch "metre (m)"
   mensura-cli convert -40 Celsius Fahrenheit --sigfigs 3 --verbose
   printf '12\tinch\tm\n100\tCelsius\tkelvin\n' | mensura-cli convert --batch
   mensura-cli units Temperature --tsv
+  mensura-cli report 1 "inch (in)" -o inch.txt
+  mensura-cli records inch.txt --csv > inch.csv
 )help");
 }
 
@@ -107,13 +127,15 @@ QString CliText::missingOptionValue(const QString &option)
 
 QString CliText::unknownCommand(const QString &command)
 {
-    return QStringLiteral("unknown command \"%1\" (the commands are convert and units). %2")
+    return QStringLiteral(
+        "unknown command \"%1\" (the commands are convert, units, report and records). %2")
         .arg(command, seeHelp());
 }
 
 QString CliText::noCommand()
 {
-    return QStringLiteral("no command given (convert or units). %1").arg(seeHelp());
+    return QStringLiteral("no command given (convert, units, report or records). %1")
+        .arg(seeHelp());
 }
 
 QString CliText::convertArguments()
@@ -131,6 +153,21 @@ QString CliText::batchTakesNoArguments()
 QString CliText::unitsArguments()
 {
     return QStringLiteral("units takes at most one QUANTITY. %1").arg(seeHelp());
+}
+
+QString CliText::reportArguments()
+{
+    return QStringLiteral("report takes VALUE FROM_UNIT. %1").arg(seeHelp());
+}
+
+QString CliText::recordsArguments()
+{
+    return QStringLiteral("records takes one FILE. %1").arg(seeHelp());
+}
+
+QString CliText::outputOnlyForReport()
+{
+    return QStringLiteral("-o FILE is for the report command only. %1").arg(seeHelp());
 }
 
 QString CliText::sigFigsRange(const QString &given)
@@ -151,6 +188,24 @@ QString CliText::minRange(const QString &given)
 QString CliText::hiveUnreadable(const QString &fileName)
 {
     return QStringLiteral("cannot read the settings file \"%1\".").arg(fileName);
+}
+
+QString CliText::fileUnreadable(const QString &fileName, const QString &reason)
+{
+    return QStringLiteral("cannot read \"%1\": %2").arg(fileName, reason);
+}
+
+QString CliText::fileUnwritable(const QString &fileName, const QString &reason)
+{
+    return QStringLiteral("cannot save \"%1\": %2").arg(fileName, reason);
+}
+
+QString CliText::damagedRecord(const QString &fileName, int line, const QString &text)
+{
+    return QStringLiteral("\"%1\", line %2: not a conversion record, reading stops here: %3")
+        .arg(fileName)
+        .arg(line)
+        .arg(text);
 }
 
 QString CliText::storeProblem(const QString &description)
@@ -221,6 +276,12 @@ QString CliText::severalQuantities(
     return QStringLiteral("\"%1\" and \"%2\" are units of several quantities: %3. "
                           "Choose one with --quantity.")
         .arg(from, to, quantities.join(QStringLiteral(", ")));
+}
+
+QString CliText::unitOfSeveralQuantities(const QString &unit, const QStringList &quantities)
+{
+    return QStringLiteral("\"%1\" is a unit of several quantities: %2. Choose one with --quantity.")
+        .arg(unit, quantities.join(QStringLiteral(", ")));
 }
 
 QString CliText::unitListHint()

@@ -25,11 +25,19 @@ public:
     static QString convertArguments();
     static QString batchTakesNoArguments();
     static QString unitsArguments();
+    static QString reportArguments();
+    static QString recordsArguments();
+    static QString outputOnlyForReport();
     static QString sigFigsRange(const QString &given);
     static QString maxRange(const QString &given);
     static QString minRange(const QString &given);
     static QString hiveUnreadable(const QString &fileName);
     static QString storeProblem(const QString &description);
+
+    // Conversions files
+    static QString fileUnreadable(const QString &fileName, const QString &reason);
+    static QString fileUnwritable(const QString &fileName, const QString &reason);
+    static QString damagedRecord(const QString &fileName, int line, const QString &text);
 
     // Values and names
     static QString notANumber(const QString &value);
@@ -44,6 +52,7 @@ public:
         const QString &to, const QStringList &toQuantities);
     static QString severalQuantities(
         const QString &from, const QString &to, const QStringList &quantities);
+    static QString unitOfSeveralQuantities(const QString &unit, const QStringList &quantities);
     static QString unitListHint();
     static QString unitOfQuantity(const QString &unit, const QString &quantity);
 

@@ -75,6 +75,8 @@ bool CommandLine::parse(const QStringList &arguments)
             tsv = true;
         else if (name == QStringLiteral("--all"))
             all = true;
+        else if (name == QStringLiteral("--csv"))
+            csv = true;
         else if (name == QStringLiteral("--scientific"))
             scientific = true;
         else if (name == QStringLiteral("--regular"))
@@ -99,6 +101,8 @@ bool CommandLine::parse(const QStringList &arguments)
         return false;
     if (commandWord.isNull())
         return fail(CliText::noCommand());
+    if (!output.isEmpty() && commandWord != QStringLiteral("report"))
+        return fail(CliText::outputOnlyForReport());
     if (commandWord == QStringLiteral("help")) {
         command = Command::Help;
     } else if (commandWord == QStringLiteral("convert")) {
@@ -115,6 +119,14 @@ bool CommandLine::parse(const QStringList &arguments)
         if (operands.size() > 1)
             return fail(CliText::unitsArguments());
         command = Command::Units;
+    } else if (commandWord == QStringLiteral("report")) {
+        if (operands.size() != 2)
+            return fail(CliText::reportArguments());
+        command = Command::Report;
+    } else if (commandWord == QStringLiteral("records")) {
+        if (operands.size() != 1)
+            return fail(CliText::recordsArguments());
+        command = Command::Records;
     } else {
         return fail(CliText::unknownCommand(commandWord));
     }
@@ -125,9 +137,10 @@ bool CommandLine::parse(const QStringList &arguments)
 bool CommandLine::takeOption(const QString &name, const std::optional<QString> &inlineValue,
     const QStringList &arguments, qsizetype &i)
 {
+    const bool isOutput = name == QStringLiteral("-o") || name == QStringLiteral("--output");
     const bool takesValue = name == QStringLiteral("--quantity") || name == QStringLiteral("--hive")
         || name == QStringLiteral("--sigfigs") || name == QStringLiteral("--max")
-        || name == QStringLiteral("--min");
+        || name == QStringLiteral("--min") || isOutput;
     if (!takesValue)
         return fail(CliText::unknownOption(arguments[i]));
     QString value;
@@ -144,6 +157,10 @@ bool CommandLine::takeOption(const QString &name, const std::optional<QString> &
         if (value.isEmpty())
             return fail(CliText::missingOptionValue(name));
         hive = value;
+    } else if (isOutput) {
+        if (value.isEmpty())
+            return fail(CliText::missingOptionValue(name));
+        output = value;
     } else if (name == QStringLiteral("--sigfigs")) {
         const auto number = strictNumber(value);
         if (!number || *number != std::floor(*number) || *number < 1 || *number > 13)

@@ -16,7 +16,7 @@ class Settings;
 class CommandLine
 {
 public:
-    enum class Command { None, Help, Version, Convert, Batch, Units };
+    enum class Command { None, Help, Version, Convert, Batch, Units, Report, Records };
 
     // arguments without the program's own name. False when they make no sense (see error()).
     bool parse(const QStringList &arguments);
@@ -28,12 +28,16 @@ public:
     QStringList storeArguments() const;
 
     Command command = Command::None;
-    QStringList operands; // VALUE FROM_UNIT TO_UNIT, or QUANTITY for units
+    // VALUE FROM_UNIT TO_UNIT for convert, QUANTITY for units, VALUE FROM_UNIT for report,
+    // FILE for records
+    QStringList operands;
     QString quantity; // --quantity, empty when not given
     QString hive; // --hive, empty when not given
+    QString output; // -o or --output of report, empty when not given
     bool verbose = false;
     bool tsv = false;
     bool all = false;
+    bool csv = false;
     std::optional<int> sigFigs;
     std::optional<bool> scientific;
     std::optional<bool> triads;

@@ -158,6 +158,14 @@ QVector<UnitLookup::Candidate> UnitLookup::candidates(const QString &name)
     return *m_unitCache.insert(name, found);
 }
 
+const UnitLookup::Candidate *UnitLookup::inQuantity(const QVector<Candidate> &list, int q)
+{
+    for (const Candidate &candidate : list)
+        if (candidate.quantity == q)
+            return &candidate;
+    return nullptr;
+}
+
 UnitLookup::Resolution UnitLookup::resolve(
     const QString &from, const QString &to, const QString &quantityName)
 {
@@ -173,14 +181,8 @@ UnitLookup::Resolution UnitLookup::resolve(
             resolution.error = answer.error;
             return resolution;
         }
-        auto inQuantity = [&](const QVector<Candidate> &list) -> const Candidate * {
-            for (const Candidate &candidate : list)
-                if (candidate.quantity == answer.quantity)
-                    return &candidate;
-            return nullptr;
-        };
-        fromMatch = inQuantity(fromCandidates);
-        toMatch = inQuantity(toCandidates);
+        fromMatch = inQuantity(fromCandidates, answer.quantity);
+        toMatch = inQuantity(toCandidates, answer.quantity);
         if (!fromMatch) {
             resolution.error = unitError(from, answer.quantity);
             return resolution;
@@ -242,6 +244,52 @@ UnitLookup::Resolution UnitLookup::resolve(
     resolution.quantity = fromMatch->quantity;
     resolution.fromUnit = fromMatch->units.first();
     resolution.toUnit = toMatch->units.first();
+    return resolution;
+}
+
+UnitLookup::Resolution UnitLookup::resolveUnit(const QString &name, const QString &quantityName)
+{
+    Resolution resolution;
+    const QVector<Candidate> found = candidates(name);
+    const Candidate *match = nullptr;
+    if (!quantityName.isEmpty()) {
+        const QuantityAnswer answer = findQuantity(quantityName);
+        if (!answer.error.isEmpty()) {
+            resolution.error = answer.error;
+            return resolution;
+        }
+        match = inQuantity(found, answer.quantity);
+        if (!match) {
+            resolution.error = unitError(name, answer.quantity);
+            return resolution;
+        }
+    } else {
+        if (found.isEmpty()) {
+            resolution.error = unitError(name, 0);
+            return resolution;
+        }
+        // The quantities where the name matches best; more than one leaves the choice open.
+        QVector<Candidate> best;
+        for (const Candidate &candidate : found) {
+            if (!best.isEmpty() && candidate.tier > best.first().tier)
+                continue;
+            if (!best.isEmpty() && candidate.tier < best.first().tier)
+                best.clear();
+            best.append(candidate);
+        }
+        if (best.size() > 1) {
+            resolution.error = CliText::unitOfSeveralQuantities(name, quantityNames(best));
+            return resolution;
+        }
+        match = inQuantity(found, best.first().quantity);
+    }
+    if (match->units.size() > 1) {
+        resolution.error = CliText::ambiguousUnit(
+            name, m_catalogue.Quantities[match->quantity].Name, unitNames(*match));
+        return resolution;
+    }
+    resolution.quantity = match->quantity;
+    resolution.fromUnit = resolution.toUnit = match->units.first();
     return resolution;
 }
 

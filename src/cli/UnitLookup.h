@@ -54,6 +54,9 @@ public:
     // The units and quantity of a conversion. Without a quantity name, the quantity is the one
     // that holds both units; among several, the one whose worse match is best.
     Resolution resolve(const QString &from, const QString &to, const QString &quantityName);
+    // One unit and its quantity (fromUnit and toUnit both name it). Without a quantity name,
+    // the quantity where the name matches best; several such leave the choice to the user.
+    Resolution resolveUnit(const QString &name, const QString &quantityName);
 
     // Enabled unit names (with their quantity when quantity is 0) that begin with or contain
     // the name, ignoring letter case; failing that, those that begin like it.
@@ -63,6 +66,8 @@ public:
     static constexpr int MaxSuggestions = 8;
 
 private:
+    static const Candidate *inQuantity(const QVector<Candidate> &list, int q);
+
     // The forms of one enabled unit's name that the matching compares with.
     struct UnitForms {
         int quantity;

@@ -10,7 +10,10 @@
 #include "cli/CliText.h"
 #include "cli/CommandLine.h"
 #include "cli/OutputBuffer.h"
+#include "cli/RecordsOutput.h"
 #include "cli/UnitListing.h"
+#include "records/ConversionsFile.h"
+#include "records/ConversionsReader.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
 
@@ -64,6 +67,74 @@ int convertOne(const CommandLine &commandLine, Catalogue &catalogue, const Setti
     return outcome.exitStatus;
 }
 
+int writeReport(const CommandLine &commandLine, Catalogue &catalogue, const Settings &settings,
+    OutputBuffer &out, OutputBuffer &errors)
+{
+    const QString &value = commandLine.operands[0];
+    if (!CliConverter::isNumber(value)) {
+        errors.line(CliText::errorPrefix() + CliText::notANumber(value));
+        return CliConverter::BadInput;
+    }
+    CliConverter converter(catalogue, settings);
+    const UnitLookup::Resolution resolution
+        = converter.lookup().resolveUnit(commandLine.operands[1], commandLine.quantity);
+    if (!resolution.ok()) {
+        errors.line(CliText::errorPrefix() + resolution.error);
+        return CliConverter::BadInput;
+    }
+    QList<Notice> notices;
+    const UnitReport report = converter.report(value, resolution, &notices);
+    for (const Notice &notice : std::as_const(notices))
+        errors.line(CliText::errorPrefix() + notice.text.simplified());
+    const int status = notices.isEmpty() ? CliConverter::Success : CliConverter::ConversionFailed;
+
+    if (commandLine.output.isEmpty()) {
+        // The file's own lines, with the line ends of a text stream.
+        QString text = ConversionsFile::reportText(report);
+        text.replace(ConversionsFile::LineEnd, QStringLiteral("\n"));
+        out.append(text);
+        return status;
+    }
+    const ConversionsFile::WriteResult written
+        = ConversionsFile::saveReport(commandLine.output, report);
+    if (!written.ok()) {
+        errors.line(CliText::errorPrefix()
+            + CliText::fileUnwritable(commandLine.output, written.errorText));
+        return CliConverter::BadInput;
+    }
+    return status;
+}
+
+// Prints the records of a conversions file as they are read, so a large file streams through.
+int printRecords(const CommandLine &commandLine, OutputBuffer &out, OutputBuffer &errors)
+{
+    const QString &path = commandLine.operands[0];
+    ConversionsReader reader(path);
+    ConversionsReader::Status status = reader.open();
+    QList<MarkedConversion> records;
+    while (status == ConversionsReader::Reading) {
+        records.clear();
+        status = reader.readSome(records, 1000);
+        for (const MarkedConversion &record : std::as_const(records))
+            out.append(
+                commandLine.csv ? RecordsOutput::csvLine(record) : RecordsOutput::tsvLine(record));
+    }
+    switch (status) {
+    case ConversionsReader::Foreign:
+        errors.line(CliText::errorPrefix() + reader.notice().text);
+        return CliConverter::BadInput;
+    case ConversionsReader::Unreadable:
+        errors.line(CliText::errorPrefix() + CliText::fileUnreadable(path, reader.errorText()));
+        return CliConverter::BadInput;
+    case ConversionsReader::BadRecord:
+        errors.line(CliText::errorPrefix()
+            + CliText::damagedRecord(path, reader.badLine(), reader.errorText()));
+        return CliConverter::ConversionFailed;
+    default:
+        return CliConverter::Success;
+    }
+}
+
 int run(const CommandLine &commandLine, OutputBuffer &out, OutputBuffer &errors)
 {
     switch (commandLine.command) {
@@ -73,6 +144,9 @@ int run(const CommandLine &commandLine, OutputBuffer &out, OutputBuffer &errors)
     case CommandLine::Command::Version:
         out.append(CliText::version());
         return CliConverter::Success;
+    case CommandLine::Command::Records:
+        // The file alone is read: no settings, no catalogue.
+        return printRecords(commandLine, out, errors);
     default:
         break;
     }
@@ -100,6 +174,8 @@ int run(const CommandLine &commandLine, OutputBuffer &out, OutputBuffer &errors)
         return listUnits(commandLine, catalogue, out, errors);
     case CommandLine::Command::Convert:
         return convertOne(commandLine, catalogue, settings, out, errors);
+    case CommandLine::Command::Report:
+        return writeReport(commandLine, catalogue, settings, out, errors);
     case CommandLine::Command::Batch: {
         CliConverter converter(catalogue, settings);
         BatchConverter batch(converter, commandLine.quantity, commandLine.verbose);
