@@ -15,4 +15,4 @@ install_packages() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl-dev libqt6svg6 fonts-dejavu-core)
-TEST_PACKAGES=(units xvfb xauth poppler-utils)
+TEST_PACKAGES=(units xvfb xauth poppler-utils trayer)

@@ -118,6 +118,7 @@ void MainWindowHook::goToTray()
     m_window->hide();
     // Hidden in the tray, the window is not what a search for Mensura's window should find.
     m_window->setWindowTitle(StringTable::text(StringId::TrayTitle));
+    emit wentToTray();
 }
 
 void MainWindowHook::restoreFromTray()

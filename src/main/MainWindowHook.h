@@ -33,6 +33,8 @@ public:
     void release();
 
 signals:
+    // The window has left the task bar for the tray.
+    void wentToTray();
     // The window is back from the tray.
     void restored();
     // The hook wrote to the settings store (which may have failed to save).

@@ -138,7 +138,8 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     showMarkedCount();
 
     m_hook = new MainWindowHook(this, m_settings, m_store, m_dialogs, mnuSysTray);
-    connect(m_hook, &MainWindowHook::restored, this, [this] { txtLeft->setFocus(); });
+    connect(m_hook, &MainWindowHook::wentToTray, this, &frmMain::hideWindowsWithTray);
+    connect(m_hook, &MainWindowHook::restored, this, &frmMain::showWindowsFromTray);
     connect(m_hook, &MainWindowHook::storeWritten, this, &frmMain::reportStoreFailure);
 }
 
@@ -1564,6 +1565,25 @@ void frmMain::saveSession()
     }
     m_store.close();
     reportStoreFailure();
+}
+
+// The marked conversions window, when the user has been using it, goes into the tray with the
+// main window and comes back with it.
+void frmMain::hideWindowsWithTray()
+{
+    m_convRecordsInTray
+        = m_convRecords && m_convRecords->isVisible() && m_convRecords->shownWithMainWindow();
+    if (m_convRecordsInTray)
+        m_convRecords->hide();
+}
+
+void frmMain::showWindowsFromTray()
+{
+    if (m_convRecordsInTray && m_convRecords)
+        m_convRecords->show();
+    m_convRecordsInTray = false;
+    activateWindow();
+    txtLeft->setFocus();
 }
 
 bool frmMain::isInTray() const

@@ -197,6 +197,8 @@ private:
     // The value, the initial unit and every unit of the right-hand list, converted.
     UnitReport currentUnitReport();
     void saveSession();
+    void hideWindowsWithTray();
+    void showWindowsFromTray();
 
     // Changes made by the program itself: the next update is skipped, as the engine expects.
     void setRowByProgram(QListWidget *list, int row);
@@ -289,6 +291,7 @@ private:
     QHash<QString, QuantityMemory> m_memory; // by quantity name
     frmConvRecords *m_convRecords = nullptr;
     MainWindowHook *m_hook = nullptr;
+    bool m_convRecordsInTray = false; // hidden with the main window, to come back with it
     ValueEdit *m_valueEdit = nullptr;
     bool m_buildingTabs = false;
     bool m_storeFailureReported = false;
