@@ -89,6 +89,7 @@ constexpr int RightListName = 5502;
 constexpr int ResultName = 5503;
 constexpr int IncreaseName = 5504;
 constexpr int DecreaseName = 5505;
+constexpr int QuantityListName = 5506;
 constexpr int MarkedCountName = 5510;
 constexpr int MarkPanelName = 5511;
 constexpr int DecimalsPanelName = 5512;

@@ -519,6 +519,7 @@ void frmMain::setTexts()
     // value box is named on its line edit and described on the combo box.
     txtLeft->lineEdit()->setAccessibleName(text(MainText::ValueName));
     txtLeft->setAccessibleDescription(text(MainText::ValueName));
+    lstAlphabet->setAccessibleName(text(MainText::QuantityListName));
     lstLeft->setAccessibleName(text(MainText::LeftListName));
     lstRight->setAccessibleName(text(MainText::RightListName));
     txtRight->setAccessibleName(text(MainText::ResultName));

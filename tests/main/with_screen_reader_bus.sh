@@ -1,0 +1,25 @@
+#!/usr/bin/env bash
+# Starts the desktop program as a screen reader meets it, on a private X server with an
+# accessibility bus (AT-SPI) on a private D-Bus session, and runs a client script against it.
+# Usage: with_screen_reader_bus.sh PROGRAM CLIENT_SCRIPT
+set -euo pipefail
+program=$1
+client=$2
+source "$(dirname "$0")/../support/private_x_server.sh"
+work=$(mktemp -d)
+trap 'kill "$X_SERVER" 2>/dev/null || true; rm -rf "$work"' EXIT
+start_x_server
+
+# A hive of a user who has run the program before: no first-run help window in front.
+printf 'Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"StartOnce"="1"\r\n' \
+    >"$work/hive.reg"
+export PROGRAM="$program" CLIENT="$client" HIVE="$work/hive.reg" MENSURA_INSTANCE="a11y-$$"
+dbus-run-session -- bash -c '
+    /usr/libexec/at-spi-bus-launcher --launch-immediately --a11y=1 2>/dev/null &
+    bus=$!
+    QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$PROGRAM" --hive "$HIVE" 2>/dev/null &
+    app=$!
+    status=0
+    /usr/bin/python3 "$CLIENT" || status=$?
+    kill $app $bus 2>/dev/null
+    exit $status' 2> >(grep -v "Failed to set fd limit" >&2)
