@@ -5,7 +5,7 @@
 // clicks that switch between them, its links and the easter-egg message.
 #include "about/frmAbout.h"
 #include "catalogue/StringTable.h"
-#include "help/RecordingDialogs.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QDesktopServices>
 #include <QFontInfo>
@@ -57,13 +57,13 @@ private:
         return m_about->findChild<T *>(QString::fromLatin1(name));
     }
 
-    RecordingDialogs m_dialogs;
+    ScriptedDialogs m_dialogs;
     std::unique_ptr<frmAbout> m_about;
 };
 
 void tst_frmAbout::init()
 {
-    m_dialogs.notices.clear();
+    m_dialogs.clear();
     m_about = std::make_unique<frmAbout>(m_dialogs);
     m_about->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_about.get()));
@@ -215,11 +215,12 @@ void tst_frmAbout::rightButtonDoesNothing()
 void tst_frmAbout::doubleClickOnTheVersionShowsTheEasterMessage()
 {
     auto *version = control<QLabel>("lblVersion");
+    m_dialogs.expectMessage();
     QTest::mouseDClick(version, Qt::LeftButton, {}, version->rect().center());
-    QCOMPARE(m_dialogs.notices.size(), 1);
-    QCOMPARE(m_dialogs.notices.first().text,
+    QVERIFY(m_dialogs.scriptDone());
+    QCOMPARE(m_dialogs.notices().first().text,
         QStringLiteral("Congratulations! You've found the Mensura easter egg!"));
-    QCOMPARE(m_dialogs.notices.first().icon, Notice::Information);
+    QCOMPARE(m_dialogs.notices().first().icon, Notice::Information);
 }
 
 void tst_frmAbout::linksOpenHomePageAndMail()

@@ -3,12 +3,12 @@
 //
 // Which program the Run Shell Program command starts, and the message when it cannot start.
 #include "catalogue/StringTable.h"
-#include "help/RecordingDialogs.h"
 #include "help/ShellProgram.h"
 #include "help/ShellProgramRunner.h"
 #include "shell/HiveFile.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -97,11 +97,12 @@ void tst_ShellProgram::programThatCannotStartIsReported()
     Settings settings;
     settings.UseWindowsCalc = 0;
     settings.ShellProgram = path;
-    RecordingDialogs dialogs;
+    ScriptedDialogs dialogs;
+    dialogs.expectMessage();
     QVERIFY(!ShellProgramRunner::run(settings, *m_store, dialogs, nullptr));
-    QCOMPARE(dialogs.notices.size(), 1);
-    QCOMPARE(dialogs.notices.first().icon, Notice::Exclamation);
-    QCOMPARE(dialogs.notices.first().text,
+    QVERIFY(dialogs.scriptDone());
+    QCOMPARE(dialogs.notices().first().icon, Notice::Exclamation);
+    QCOMPARE(dialogs.notices().first().text,
         QStringLiteral("I'm sorry, the program specified to run  - ") + path
             + QStringLiteral(" - could not be found.  Please check that you've put the right "
                              "path and filename in the options dialog box."));
@@ -115,9 +116,9 @@ void tst_ShellProgram::programThatStartsIsNotReported()
     Settings settings;
     settings.UseWindowsCalc = 0;
     settings.ShellProgram = program;
-    RecordingDialogs dialogs;
+    ScriptedDialogs dialogs;
     QVERIFY(ShellProgramRunner::run(settings, *m_store, dialogs, nullptr));
-    QVERIFY(dialogs.notices.isEmpty());
+    QVERIFY(dialogs.asked().isEmpty());
 }
 
 QTEST_MAIN(tst_ShellProgram)

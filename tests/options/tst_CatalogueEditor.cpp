@@ -10,6 +10,7 @@
 #include "shell/HiveFile.h"
 #include "shell/Session.h"
 #include "shell/SettingsStore.h"
+#include "support/CountingHive.h"
 
 #include <functional>
 #include <QFile>
@@ -34,19 +35,6 @@ QString text(int id)
 {
     return StringTable::text(id);
 }
-
-// A hive that counts how often it is saved.
-class CountingHive : public HiveFile
-{
-public:
-    using HiveFile::HiveFile;
-    bool flush() override
-    {
-        ++flushes;
-        return HiveFile::flush();
-    }
-    int flushes = 0;
-};
 
 } // namespace
 

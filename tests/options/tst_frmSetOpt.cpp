@@ -15,6 +15,7 @@
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
+#include "support/CountingHive.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 
@@ -39,18 +40,6 @@ QString text(int id)
 {
     return StringTable::text(id);
 }
-
-class CountingHive : public HiveFile
-{
-public:
-    using HiveFile::HiveFile;
-    bool flush() override
-    {
-        ++flushes;
-        return HiveFile::flush();
-    }
-    int flushes = 0;
-};
 
 // The catalogue part of a hive file: its "User" keys with their values, as written.
 QByteArray userPart(const QByteArray &hive)

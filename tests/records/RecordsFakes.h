@@ -1,53 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// Stand-ins for what the records windows talk to: Dialogs answered from a script (recording
-// every message and question), and a main window that holds a few quantities and units and
-// records what it was asked to do.
+// A stand-in for the main window that the marked conversions window talks to: it holds a few
+// quantities and units and records what it was asked to do. The windows' dialogs are answered
+// by ScriptedDialogs (support/ScriptedDialogs.h).
 #pragma once
 
 #include "main/MainWindowControl.h"
-#include "shell/Dialogs.h"
 #include "shell/Session.h"
 
 #include <QMap>
-#include <QQueue>
 #include <QStringList>
-
-class ScriptDialogs : public Dialogs
-{
-public:
-    QList<Notice> messages;
-    QList<Notice> questions;
-    QQueue<Answer> answers; // for questions; an unexpected question fails the test's checks
-    QQueue<QString> fileNames; // for both file dialogs
-    QStringList fileFilters;
-    QStringList saveDefaults; // "name|suffix" of each save dialog
-
-    void message(QWidget *, const Notice &notice) override { messages.append(notice); }
-    Answer question(QWidget *, const Notice &notice, Buttons, Answer) override
-    {
-        questions.append(notice);
-        return answers.isEmpty() ? Cancel : answers.dequeue();
-    }
-    std::optional<QString> input(
-        QWidget *, const QString &, const QString &, const QString &) override
-    {
-        return std::nullopt;
-    }
-    QString openFileName(QWidget *, const QString &filter) override
-    {
-        fileFilters.append(filter);
-        return fileNames.isEmpty() ? QString() : fileNames.dequeue();
-    }
-    QString saveFileName(QWidget *, const QString &filter, const QString &defaultName,
-        const QString &defaultSuffix) override
-    {
-        fileFilters.append(filter);
-        saveDefaults.append(defaultName + u'|' + defaultSuffix);
-        return fileNames.isEmpty() ? QString() : fileNames.dequeue();
-    }
-};
 
 class FakeMainWindow : public MainWindowControl
 {

@@ -6,10 +6,10 @@
 // main window's two commands for all conversions of a value.
 #include "records/PdfText.h"
 #include "records/PrintReport.h"
-#include "records/RecordsFakes.h"
 #include "records/ReportPrinter.h"
 #include "records/TestRecords.h"
 #include "records/UnitReportCommands.h"
+#include "support/ScriptedDialogs.h"
 
 #include <QFile>
 #include <QRegularExpression>
@@ -44,6 +44,7 @@ class tst_ReportPrinter : public QObject
 
 private slots:
     void init();
+    void cleanup();
     void pdfHoldsEveryLine_data();
     void pdfHoldsEveryLine();
     void headingIsLargerThanBody();
@@ -55,14 +56,19 @@ private slots:
 
 private:
     QTemporaryDir temp;
-    ScriptDialogs dialogs;
+    ScriptedDialogs dialogs;
 };
 
 void tst_ReportPrinter::init()
 {
     if (!pdfToTextAvailable())
         QSKIP("pdftotext (poppler-utils) is not installed");
-    dialogs = ScriptDialogs();
+    dialogs.clear();
+}
+
+void tst_ReportPrinter::cleanup()
+{
+    QVERIFY2(dialogs.scriptDone(), "a dialog that the test expected was not shown");
 }
 
 void tst_ReportPrinter::pdfHoldsEveryLine_data()
@@ -133,33 +139,36 @@ void tst_ReportPrinter::noPrinterOffersPdf()
     QFETCH(int, outcome);
     ReportPrinter printer(dialogs, nullptr);
     printer.defaultPrinter = [] { return QPrinterInfo(); };
-    dialogs.answers.enqueue(answer);
+    dialogs.answerQuestion(answer);
     const QString path = fileName.isEmpty() ? QString() : temp.filePath(fileName);
     if (answer == Dialogs::Yes)
-        dialogs.fileNames.enqueue(path);
+        dialogs.answerSaveFile(path);
+    if (outcome == ReportPrinter::Failed)
+        dialogs.expectMessage();
 
     const Lines lines = PrintReport::markedReport(
         { conversion("12", "metre (m)", "39.370 08", "inch (in)", "Length") });
     QCOMPARE(int(printer.print(lines)), outcome);
 
-    QCOMPARE(dialogs.questions.size(), 1);
-    QCOMPARE(dialogs.questions[0].text,
+    // The question, the file dialog when answered Yes, and a message only when saving failed.
+    QCOMPARE(dialogs.asked().size(),
+        1 + (answer == Dialogs::Yes ? 1 : 0) + (outcome == ReportPrinter::Failed ? 1 : 0));
+    QCOMPARE(dialogs.asked()[0].kind, ScriptedDialogs::Question);
+    QCOMPARE(dialogs.asked()[0].notice.text,
         QStringLiteral(
             "No printer is set up on this computer.\n\nDo you want to save the report as a PDF "
             "file instead?"));
     if (answer == Dialogs::Yes) {
-        QCOMPARE(dialogs.fileFilters, QStringList { "PDF Files (*.pdf)" });
-        QCOMPARE(dialogs.saveDefaults, QStringList { "untitled.pdf|pdf" });
+        QCOMPARE(dialogs.asked()[1].filter, QStringLiteral("PDF Files (*.pdf)"));
+        QCOMPARE(dialogs.asked()[1].defaultName, QStringLiteral("untitled.pdf"));
+        QCOMPARE(dialogs.asked()[1].defaultSuffix, QStringLiteral("pdf"));
     }
     if (outcome == ReportPrinter::SavedAsPdf)
         QCOMPARE(simplifiedLines(pdfText(path)), simplifiedTexts(lines));
     if (outcome == ReportPrinter::Failed) {
-        QCOMPARE(dialogs.messages.size(), 1);
-        QVERIFY(dialogs.messages[0].text.startsWith(
+        QVERIFY(dialogs.asked()[2].notice.text.startsWith(
             "The report could not be saved to " + path + ":\n"));
         QVERIFY(!QFile::exists(path));
-    } else {
-        QVERIFY(dialogs.messages.isEmpty());
     }
 }
 
@@ -176,20 +185,21 @@ void tst_ReportPrinter::printAllConversionsAsks()
     UnitReportCommands commands(dialogs, nullptr);
     commands.printer().defaultPrinter = [] { return QPrinterInfo(); };
     const QString path = temp.filePath("all.pdf");
-    dialogs.answers.enqueue(answer);
+    dialogs.answerQuestion(answer);
     if (answer == Dialogs::Yes) {
-        dialogs.answers.enqueue(Dialogs::Yes); // save as PDF instead
-        dialogs.fileNames.enqueue(path);
+        dialogs.answerQuestion(Dialogs::Yes); // save as PDF instead
+        dialogs.answerSaveFile(path);
     }
     const auto outcome = commands.printAll(temperatureReport());
-    QCOMPARE(dialogs.questions[0].text,
+    QVERIFY(!dialogs.asked().isEmpty());
+    QCOMPARE(dialogs.asked()[0].notice.text,
         QStringLiteral(
             "Print a copy (to the default printer) of all of the possible conversions for \n"
             "100 Celsius (\u00B0C)?"));
-    QCOMPARE(dialogs.questions[0].icon, Notice::Exclamation);
+    QCOMPARE(dialogs.asked()[0].notice.icon, Notice::Exclamation);
     if (answer == Dialogs::No) {
         QCOMPARE(outcome, ReportPrinter::NotPrinted);
-        QCOMPARE(dialogs.questions.size(), 1);
+        QCOMPARE(dialogs.asked().size(), 1);
         return;
     }
     QCOMPARE(outcome, ReportPrinter::SavedAsPdf);
@@ -205,9 +215,11 @@ void tst_ReportPrinter::saveAllConversions()
 {
     UnitReportCommands commands(dialogs, nullptr);
     const QString path = temp.filePath("all.txt");
-    dialogs.fileNames.enqueue(path);
+    dialogs.answerSaveFile(path);
     QVERIFY(commands.saveAll(temperatureReport()));
-    QCOMPARE(dialogs.saveDefaults, QStringList { "untitled.txt|txt" });
+    QCOMPARE(dialogs.asked().size(), 1); // the file dialog only, no message
+    QCOMPARE(dialogs.asked()[0].defaultName, QStringLiteral("untitled.txt"));
+    QCOMPARE(dialogs.asked()[0].defaultSuffix, QStringLiteral("txt"));
     QFile file(path);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(),
@@ -221,10 +233,11 @@ void tst_ReportPrinter::saveAllConversions()
               "C)  =  212  Fahrenheit (\xB0"
               "F)  [Temperature]\r\n");
 
-    dialogs.fileNames.enqueue(temp.filePath("gone/all.txt"));
+    dialogs.answerSaveFile(temp.filePath("gone/all.txt"));
+    dialogs.expectMessage();
     QVERIFY(!commands.saveAll(temperatureReport()));
-    QCOMPARE(dialogs.messages.size(), 1);
-    QVERIFY(dialogs.messages[0].text.startsWith("The conversions could not be saved to "));
+    QCOMPARE(dialogs.asked().size(), 3);
+    QVERIFY(dialogs.asked()[2].notice.text.startsWith("The conversions could not be saved to "));
 }
 
 QTEST_MAIN(tst_ReportPrinter)
