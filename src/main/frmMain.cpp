@@ -124,8 +124,10 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     , m_engine(catalogue, settings, session)
 {
     setObjectName(QStringLiteral("frmMain"));
-    createControls();
+    // The menus need no fonts yet: made first, they overlap the font database's set-up on
+    // another core (see main()).
     createMenus();
+    createControls();
     createStatusBar();
     createShortcuts();
     setTexts();

@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QFontDatabase>
+#include <thread>
 
 int main(int argc, char *argv[])
 {
@@ -27,9 +29,16 @@ int main(int argc, char *argv[])
         QStringLiteral("FILE") });
     parser.process(app);
 
+    // The font database (fontconfig's set-up) is the largest single cost before the window can be
+    // laid out. It is built on another core while the settings, the catalogue and the window's
+    // first parts are prepared; the window's first use of a font waits for it if need be.
+    std::thread fontWarmUp([] { QFontDatabase::families(); });
+
     MessageBoxDialogs dialogs;
     Startup startup(QApplication::arguments(), dialogs);
-    if (!startup.run())
+    const bool started = startup.run();
+    fontWarmUp.join();
+    if (!started)
         return 0;
     QObject::connect(
         startup.window(), &frmMain::unloaded, &app, &QCoreApplication::quit, Qt::QueuedConnection);
