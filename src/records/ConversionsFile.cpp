@@ -6,6 +6,7 @@
 #include "records/ConversionsReader.h"
 #include "records/Windows1252.h"
 
+#include <algorithm>
 #include <QIODevice>
 #include <QSaveFile>
 
@@ -103,23 +104,19 @@ struct EncodingCheck {
 
     void add(QStringView text)
     {
-        if (!representable)
+        // Plain ASCII reads back the same in either encoding.
+        const bool ascii
+            = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+        if (!representable || ascii)
             return;
-        if (invalidUtf8) {
-            representable = Windows1252::canEncode(text);
-            return;
-        }
         if (!Windows1252::canEncode(text)) {
             representable = false;
             return;
         }
-        const QByteArray bytes = Windows1252::encode(text);
-        for (const char b : bytes) {
-            if (static_cast<unsigned char>(b) >= 0x80) {
-                nonAscii = true;
-                invalidUtf8 = !ConversionsReader::isValidUtf8(bytes.constData(), bytes.size());
-                break;
-            }
+        nonAscii = true;
+        if (!invalidUtf8) {
+            const QByteArray bytes = Windows1252::encode(text);
+            invalidUtf8 = !ConversionsReader::isValidUtf8(bytes.constData(), bytes.size());
         }
     }
 
