@@ -268,20 +268,17 @@ UnitLookup::Resolution UnitLookup::resolveUnit(const QString &name, const QStrin
             resolution.error = unitError(name, 0);
             return resolution;
         }
-        // The quantities where the name matches best; more than one leaves the choice open.
+        // The quantity where the name matches best; several such leave the choice open.
+        match = &*std::min_element(found.cbegin(), found.cend(),
+            [](const Candidate &a, const Candidate &b) { return a.tier < b.tier; });
         QVector<Candidate> best;
-        for (const Candidate &candidate : found) {
-            if (!best.isEmpty() && candidate.tier > best.first().tier)
-                continue;
-            if (!best.isEmpty() && candidate.tier < best.first().tier)
-                best.clear();
-            best.append(candidate);
-        }
+        for (const Candidate &candidate : found)
+            if (candidate.tier == match->tier)
+                best.append(candidate);
         if (best.size() > 1) {
             resolution.error = CliText::unitOfSeveralQuantities(name, quantityNames(best));
             return resolution;
         }
-        match = inQuantity(found, best.first().quantity);
     }
     if (match->units.size() > 1) {
         resolution.error = CliText::ambiguousUnit(
