@@ -28,12 +28,12 @@ def fail(message):
     sys.exit(1)
 
 
-def find(node, role, name, depth=0):
-    """The first accessible below node with this role and name (breadth of a window: small)."""
+def find(node, role, name=None, depth=0):
+    """The first accessible at or below node with this role (and this name, when given)."""
     if node is None or depth > 15:
         return None
     try:
-        if node.get_role_name() == role and node.get_name() == name:
+        if node.get_role_name() == role and name in (None, node.get_name()):
             return node
         count = node.get_child_count()
     except gi.repository.GLib.Error:
@@ -86,7 +86,7 @@ def main():
     app = wait_for("the program on the accessibility bus", application)
     frame = wait_for("the main window", lambda: find(app, "frame", "Mensura 98"))
     for value, quantity, initial, converted, expected in CONVERSIONS:
-        tabs = wait_for("the quantity tabs", lambda: find_role(frame, "page tab list"))
+        tabs = wait_for("the quantity tabs", lambda: find(frame, "page tab list"))
         act(tabs, "page tab", quantity, "Press")
         wait_for("the %s tab" % quantity, lambda: tabs.get_name() == quantity)
         box = find(frame, "text", "Value to convert")
@@ -106,18 +106,6 @@ def main():
                  why=lambda: "%s %s in %s: shows %r, expected %r"
                  % (value, initial, converted, text_of(result), expected))
         print("ok", value, initial, "=", expected, converted)
-
-
-def find_role(node, role, depth=0):
-    if node is None or depth > 15:
-        return None
-    if node.get_role_name() == role:
-        return node
-    for i in range(node.get_child_count()):
-        found = find_role(node.get_child_at_index(i), role, depth + 1)
-        if found:
-            return found
-    return None
 
 
 main()

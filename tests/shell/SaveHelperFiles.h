@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The files that save_helper saves over and over and tst_KillDuringSave expects to find whole:
-// a large hive and a large conversions file. Every
-// value and record of generation g names g, so a file mixing two saves cannot pass for one.
+// a large hive and a large conversions file. Every value and record of generation g names g, so
+// a file mixing two saves cannot pass for one.
 #pragma once
 
 #include "records/ConversionsFile.h"
