@@ -139,7 +139,7 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     setMarkEnabled(false);
     showMarkedCount();
 
-    m_hook = new MainWindowHook(this, m_settings, m_store, m_dialogs, mnuSysTray);
+    m_hook = new MainWindowHook(this, m_settings, m_session, m_store, m_dialogs, mnuSysTray);
     connect(m_hook, &MainWindowHook::wentToTray, this, &frmMain::hideWindowsWithTray);
     connect(m_hook, &MainWindowHook::restored, this, &frmMain::showWindowsFromTray);
     connect(m_hook, &MainWindowHook::storeWritten, this, &frmMain::reportStoreFailure);
@@ -425,9 +425,17 @@ void frmMain::createShortcuts()
     const auto add = [this](const QKeySequence &keys, auto handler) {
         auto *shortcut = new QShortcut(keys, this);
         connect(shortcut, &QShortcut::activated, this, handler);
+        return shortcut;
     };
     add(QKeySequence(Qt::CTRL | Qt::Key_Tab), [this] { stepTab(1); });
-    add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab), [this] { stepTab(-1); });
+    // Shift+Tab arrives as Backtab, and the platforms differ in which of the two spellings a
+    // shortcut must use to see it (X11 matches only Tab). One shortcut holds both; should a
+    // platform match both, the press comes as one ambiguous activation, which steps as well.
+    QShortcut *previous
+        = add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), [this] { stepTab(-1); });
+    previous->setKeys({ QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab),
+        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Backtab) });
+    connect(previous, &QShortcut::activatedAmbiguously, this, [this] { stepTab(-1); });
     add(QKeySequence(Qt::CTRL | Qt::Key_1), [this] {
         txtLeft->setEditText(QStringLiteral("1"));
         lstLeft->setFocus();
