@@ -6,6 +6,7 @@
 #include "main/AppIcons.h"
 #include "main/WindowPlacement.h"
 #include "shell/Dialogs.h"
+#include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
 #include "shell/TrayIcon.h"
@@ -26,22 +27,19 @@ constexpr int TrayTip = 366;
 constexpr int TrayTitle = 5604;
 } // namespace StringId
 
-// "1" once the tray hint has been shown, in any run.
-static const QString TrayHintShown = QStringLiteral("minonce");
 static constexpr int MinimumWidthTwips = 7100;
 static constexpr int MinimumHeightTwips = 7000;
 
-MainWindowHook::MainWindowHook(QMainWindow *window, const Settings &settings, SettingsStore &store,
-    Dialogs &dialogs, QMenu *trayMenu)
+MainWindowHook::MainWindowHook(QMainWindow *window, const Settings &settings, Session &session,
+    SettingsStore &store, Dialogs &dialogs, QMenu *trayMenu)
     : QObject(window)
     , m_window(window)
     , m_settings(settings)
+    , m_session(session)
     , m_store(store)
     , m_dialogs(dialogs)
     , m_trayMenu(trayMenu)
 {
-    m_trayHintShown = m_store.RegReadString(Settings::Section, TrayHintShown, QStringLiteral("0"))
-        != QStringLiteral("0");
     const QScreen *screen = window->screen();
     const qreal dpiX = screen ? screen->logicalDotsPerInchX() : 96.0;
     const qreal dpiY = screen ? screen->logicalDotsPerInchY() : 96.0;
@@ -89,7 +87,7 @@ void MainWindowHook::windowMinimised()
     // Without a notification area, or with the option off, minimising is what it always is.
     if (m_inTray || !m_settings.ShowTrayIcon || !TrayIcon::isAvailable())
         return;
-    if (!m_trayHintShown) {
+    if (!m_session.TrayHintShown) {
         const QString hint = StringTable::text(StringId::TrayHint1) + u'\n'
             + StringTable::text(StringId::TrayHint2) + QStringLiteral("\n\n")
             + StringTable::text(StringId::TrayHint3);
@@ -103,9 +101,10 @@ void MainWindowHook::goToTray()
 {
     if (m_inTray || m_released || !m_window->windowState().testFlag(Qt::WindowMinimized))
         return; // restored or closed in the meantime
-    if (!m_trayHintShown) {
-        m_trayHintShown = true;
-        m_store.RegWriteString(Settings::Section, TrayHintShown, QStringLiteral("1"));
+    if (!m_session.TrayHintShown) {
+        m_session.TrayHintShown = true;
+        m_store.RegWriteString(
+            Settings::Section, Settings::TrayHintShownValue, QStringLiteral("1"));
         emit storeWritten();
     }
     if (!m_tray) {

@@ -16,6 +16,7 @@ class QMenu;
 class Settings;
 class SettingsStore;
 class TrayIcon;
+struct Session;
 
 class MainWindowHook : public QObject
 {
@@ -23,8 +24,8 @@ class MainWindowHook : public QObject
 
 public:
     // trayMenu: the tray icon's menu, owned by the window.
-    MainWindowHook(QMainWindow *window, const Settings &settings, SettingsStore &store,
-        Dialogs &dialogs, QMenu *trayMenu);
+    MainWindowHook(QMainWindow *window, const Settings &settings, Session &session,
+        SettingsStore &store, Dialogs &dialogs, QMenu *trayMenu);
 
     bool isInTray() const { return m_inTray; }
     // Shows the window again from the tray (nothing when it is not there).
@@ -50,11 +51,11 @@ private:
 
     QMainWindow *m_window;
     const Settings &m_settings;
+    Session &m_session;
     SettingsStore &m_store;
     Dialogs &m_dialogs;
     QMenu *m_trayMenu;
     TrayIcon *m_tray = nullptr;
     bool m_inTray = false;
-    bool m_trayHintShown = false;
     bool m_released = false;
 };

@@ -13,7 +13,8 @@ struct Session {
     bool MarkedConversionsSaved = false;
     // The options dialog's working copy of the catalogue has been edited.
     bool CatalogueChanged = false;
-    // The one-time hints have been shown (tray hint, first-run help).
+    // The one-time hints (tray hint, first-run help) have been shown: in an earlier run, as the
+    // settings said at start, or in this one. Whoever rewrites the settings keeps them shown.
     bool TrayHintShown = false;
     bool FirstRunHelpShown = false;
 };

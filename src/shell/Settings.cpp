@@ -9,6 +9,8 @@
 #include <variant>
 
 const QString Settings::Section = QStringLiteral("settings");
+const QString Settings::TrayHintShownValue = QStringLiteral("minonce");
+const QString Settings::FirstRunHelpShownValue = QStringLiteral("StartOnce");
 
 namespace
 {

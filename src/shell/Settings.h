@@ -17,6 +17,10 @@ class Settings
 {
 public:
     static const QString Section; // "settings"
+    // Values of that key that say a one-time hint has been shown, in any run: "1" once it has,
+    // "0" (or absent) before.
+    static const QString TrayHintShownValue; // "minonce"
+    static const QString FirstRunHelpShownValue; // "StartOnce"
 
     // Number formatting
     int SigFigs = 7;

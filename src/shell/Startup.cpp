@@ -27,9 +27,6 @@ constexpr int HiveDamaged = 5612;
 constexpr int HiveUnreadable = 5613;
 } // namespace StringId
 
-// "0" until the first run has opened the help.
-static const QString StartOnce = QStringLiteral("StartOnce");
-
 Startup::Startup(const QStringList &arguments, Dialogs &dialogs, QObject *parent)
     : QObject(parent)
     , m_arguments(arguments)
@@ -51,6 +48,12 @@ bool Startup::run()
     m_store = SettingsStore::open(m_arguments);
     QList<RuntimeError> problems;
     m_catalogue.LoadCatalogue(*m_store, &problems);
+    const auto shownBefore = [this](const QString &value) {
+        return m_store->RegReadString(Settings::Section, value, QStringLiteral("0"))
+            != QStringLiteral("0");
+    };
+    m_session.TrayHintShown = shownBefore(Settings::TrayHintShownValue);
+    m_session.FirstRunHelpShown = shownBefore(Settings::FirstRunHelpShownValue);
 
     m_settings.LoadLastQuantity(*m_store);
     m_window = std::make_unique<frmMain>(m_catalogue, m_settings, m_session, *m_store, m_dialogs);
@@ -107,10 +110,10 @@ void Startup::reportTypeErrors(const QList<RuntimeError> &problems)
 
 void Startup::openHelpOnFirstRun()
 {
-    if (m_store->RegReadString(Settings::Section, StartOnce, QStringLiteral("0"))
-        != QStringLiteral("0"))
+    if (m_session.FirstRunHelpShown)
         return;
-    m_store->RegWriteString(Settings::Section, StartOnce, QStringLiteral("1"));
+    m_store->RegWriteString(
+        Settings::Section, Settings::FirstRunHelpShownValue, QStringLiteral("1"));
     m_session.FirstRunHelpShown = true;
     m_help = m_window->showHelp(0);
 }

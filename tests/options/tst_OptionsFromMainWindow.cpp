@@ -38,6 +38,7 @@ private Q_SLOTS:
     void okPutsTheCatalogueIntoUse();
     void okPutsTheNumberStyleIntoUse();
     void removingTheCurrentQuantity();
+    void hintsShownInEarlierRunsStayShown();
     void helpIsPassedOn();
 
 private:
@@ -205,6 +206,29 @@ void tst_OptionsFromMainWindow::removingTheCurrentQuantity()
     auto *bar = m_program->find<QuantityTabBar *>("tabMain");
     QVERIFY(bar->currentIndex() >= 0);
     QVERIFY(m_program->find<QListWidget *>("lstLeft")->count() > 0);
+}
+
+// OK rewrites the whole settings key. The first-run help and the tray hint were shown in an
+// earlier run, not this one: after a restart on the same settings neither comes back.
+void tst_OptionsFromMainWindow::hintsShownInEarlierRunsStayShown()
+{
+    m_program.reset();
+    m_hive->writeSetting(QStringLiteral("minonce"), QStringLiteral("1"));
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+    QVERIFY(start());
+    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
+        selectNode(dialog, StringTable::text(3000));
+        click(dialog, "optOnOff_1");
+        click(dialog, "cmdOK");
+    }));
+    QVERIFY(m_program->close());
+    QCOMPARE(m_hive->readSetting(QStringLiteral("minonce")),
+        std::optional<QString>(QStringLiteral("1")));
+
+    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
+    QVERIFY(start());
+    QVERIFY(!m_program->startup().firstRunHelp());
+    QVERIFY(m_program->startup().session().TrayHintShown);
 }
 
 void tst_OptionsFromMainWindow::helpIsPassedOn()
