@@ -8,6 +8,7 @@
 #endif
 
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 
 const QString SettingsStore::ProductKey = QStringLiteral("Software\\Mensura\\");
@@ -40,6 +41,17 @@ QString SettingsStore::hivePath(const QStringList &arguments)
     if (folder.isEmpty())
         folder = QDir::homePath() + QStringLiteral("/.config/mensura");
     return folder + QStringLiteral("/registry.reg");
+}
+
+QString SettingsStore::location(const QStringList &arguments)
+{
+#ifdef Q_OS_WIN
+    if (namedHivePath(arguments).isEmpty())
+        return QStringLiteral("HKEY_CURRENT_USER\\") + ProductKey;
+#endif
+    const QFileInfo hive(hivePath(arguments));
+    const QString canonical = hive.canonicalFilePath(); // empty while the file does not exist
+    return canonical.isEmpty() ? hive.absoluteFilePath() : canonical;
 }
 
 std::unique_ptr<SettingsStore> SettingsStore::open(const QStringList &arguments, bool readOnly)

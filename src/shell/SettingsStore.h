@@ -24,6 +24,10 @@ public:
     // The hive file to use: "--hive FILE" from the arguments, else $MENSURA_HIVE, else
     // registry.reg in the application's configuration folder.
     static QString hivePath(const QStringList &arguments);
+    // Where the store of these arguments lives: the hive file's absolute path (symbolic links
+    // resolved), or on Windows the registry key when no hive file is named. Two runs with the
+    // same location share their settings.
+    static QString location(const QStringList &arguments);
     // The store for this platform: the hive file (read-only when asked), or on Windows the
     // registry unless a hive file was named explicitly.
     static std::unique_ptr<SettingsStore> open(const QStringList &arguments, bool readOnly = false);

@@ -10,6 +10,9 @@
 #ifdef Q_OS_UNIX
 #include <unistd.h>
 #endif
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
 
 // The whole conversation: the new copy sends the request line, the running copy answers with
 // the acknowledgement line once it has acted on it.
@@ -24,7 +27,7 @@ SingleInstance::SingleInstance(const QString &serverName, QObject *parent)
 
 SingleInstance::~SingleInstance() = default;
 
-QString SingleInstance::defaultServerName()
+QString SingleInstance::defaultServerName(const QString &settingsLocation)
 {
     const QString chosen = qEnvironmentVariable("MENSURA_INSTANCE");
     if (!chosen.isEmpty())
@@ -35,8 +38,30 @@ QString SingleInstance::defaultServerName()
     const QString user = qEnvironmentVariable("USERNAME", QDir::homePath());
 #endif
     // A hash keeps the name short and free of characters a socket name cannot hold.
-    const QByteArray hash = QCryptographicHash::hash(user.toUtf8(), QCryptographicHash::Sha1);
+    const QString identity = user + u'\n' + desktopSession() + u'\n' + settingsLocation;
+    const QByteArray hash = QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha1);
     return QStringLiteral("mensura-") + QString::fromLatin1(hash.toHex().left(16));
+}
+
+QString SingleInstance::desktopSession()
+{
+#ifdef Q_OS_WIN
+    DWORD session = 0;
+    if (ProcessIdToSessionId(GetCurrentProcessId(), &session))
+        return QString::number(session);
+    return QString();
+#else
+    const QString wayland = qEnvironmentVariable("WAYLAND_DISPLAY");
+    if (!wayland.isEmpty())
+        return QStringLiteral("wayland ") + wayland;
+    // ":0" and ":0.0" are the same display: its screens belong to one desktop.
+    QString x = qEnvironmentVariable("DISPLAY");
+    const qsizetype colon = x.lastIndexOf(u':');
+    const qsizetype dot = x.indexOf(u'.', colon + 1);
+    if (colon >= 0 && dot > colon)
+        x.truncate(dot);
+    return x.isEmpty() ? QString() : QStringLiteral("x ") + x;
+#endif
 }
 
 bool SingleInstance::handOver(int timeoutMs)

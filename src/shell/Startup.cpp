@@ -31,7 +31,6 @@ Startup::Startup(const QStringList &arguments, Dialogs &dialogs, QObject *parent
     : QObject(parent)
     , m_arguments(arguments)
     , m_dialogs(dialogs)
-    , m_serverName(SingleInstance::defaultServerName())
 {
 }
 
@@ -39,6 +38,8 @@ Startup::~Startup() = default;
 
 bool Startup::run()
 {
+    if (m_serverName.isEmpty())
+        m_serverName = SingleInstance::defaultServerName(SettingsStore::location(m_arguments));
     m_instance = std::make_unique<SingleInstance>(m_serverName);
     if (m_instance->handOver())
         return false;

@@ -34,8 +34,8 @@ public:
     Startup(const QStringList &arguments, Dialogs &dialogs, QObject *parent = nullptr);
     ~Startup() override;
 
-    // The name the copies of the program meet under; SingleInstance::defaultServerName()
-    // unless set before run().
+    // The name the copies of the program meet under; SingleInstance::defaultServerName() for
+    // the settings of the arguments unless set before run().
     void setServerName(const QString &name) { m_serverName = name; }
 
     // Runs the start-up sequence. False when a copy already running took over: this copy has

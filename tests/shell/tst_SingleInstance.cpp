@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// One copy per user: a copy started while another runs hands over and ends, and the running
-// copy comes to the front, also from a minimised state. Checked on the socket itself, through
+// One copy per user, desktop and settings file: a copy started while another runs there hands
+// over and ends, and the running copy comes to the front, also from a minimised state; a copy on
+// another display or with other settings runs on its own. Checked on the socket itself, through
 // the start-up sequence, and with the real program started twice.
+#include "shell/SettingsStore.h"
 #include "shell/SingleInstance.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
@@ -12,7 +14,9 @@
 
 #include <future>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QProcess>
+#include <QTemporaryDir>
 
 #ifdef Q_OS_UNIX
 #include <sys/socket.h>
@@ -29,7 +33,8 @@ private slots:
     void runningCopyIsAskedToComeForward();
     void socketLeftByACrashIsReplaced();
     void minimisedWindowComesBack();
-    void secondProgramEnds();
+    void secondProgram_data();
+    void secondProgram();
 };
 
 void tst_SingleInstance::nobodyToHandOverTo()
@@ -106,37 +111,87 @@ void tst_SingleInstance::minimisedWindowComesBack()
     QVERIFY(dialogs.asked().isEmpty());
 }
 
-void tst_SingleInstance::secondProgramEnds()
+void tst_SingleInstance::secondProgram_data()
 {
+    QTest::addColumn<QString>("hive"); // the second copy's: "same", "other" or "link"
+    QTest::addColumn<QString>("display");
+    QTest::addColumn<bool>("handsOver");
+    QTest::newRow("same settings on the same display hands over") << "same"
+                                                                  << ":42" << true;
+    QTest::newRow("same display, screen named, hands over") << "same"
+                                                            << ":42.0" << true;
+    QTest::newRow("same settings file by another path hands over") << "link"
+                                                                   << ":42" << true;
+    QTest::newRow("other settings file runs on its own") << "other"
+                                                         << ":42" << false;
+    QTest::newRow("other display runs on its own") << "same"
+                                                   << ":43" << false;
+}
+
+void tst_SingleInstance::secondProgram()
+{
+    QFETCH(QString, hive);
+    QFETCH(QString, display);
+    QFETCH(bool, handsOver);
     const QString program = qEnvironmentVariable("MENSURA_PROGRAM");
     if (program.isEmpty())
         QSKIP("MENSURA_PROGRAM names no program to start");
-    TestHive hive;
-    const QString name = TestProgram::uniqueServerName();
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    environment.insert(QStringLiteral("MENSURA_INSTANCE"), name);
+    TestHive firstHive;
+    TestHive otherHive;
+    firstHive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    QTemporaryDir folder;
+    const QString link = folder.filePath(QStringLiteral("link.reg"));
+    QVERIFY(QFile::link(firstHive.path(), link));
+    const QString secondHive = hive == u"same" ? firstHive.path()
+        : hive == u"link"                      ? link
+                                               : otherHive.path();
 
-    QProcess first;
-    first.setProcessEnvironment(environment);
-    first.start(program, { QStringLiteral("--hive"), hive.path() });
-    QVERIFY(first.waitForStarted());
-    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(QDir::tempPath() + u'/' + name), 10000);
+    // The copies meet under the name a program computes from its own environment.
+    struct Copy {
+        QProcess process;
+        QString serverName;
+    };
+    const auto start = [&program](Copy &copy, const QString &hivePath, const QString &display) {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.remove(QStringLiteral("MENSURA_INSTANCE"));
+        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+        environment.insert(QStringLiteral("DISPLAY"), display);
+        const QStringList arguments { QStringLiteral("--hive"), hivePath };
+        qputenv("DISPLAY", display.toLocal8Bit());
+        copy.serverName = SingleInstance::defaultServerName(SettingsStore::location(arguments));
+        copy.process.setProcessEnvironment(environment);
+        copy.process.start(program, arguments);
+        return copy.process.waitForStarted();
+    };
+    qunsetenv("MENSURA_INSTANCE");
+    qunsetenv("WAYLAND_DISPLAY");
+    Copy first;
+    QVERIFY(start(first, firstHive.path(), QStringLiteral(":42")));
+    const auto listening = [](const Copy &copy) {
+        QLocalSocket socket;
+        socket.connectToServer(copy.serverName);
+        return socket.waitForConnected(100);
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(listening(first), 10000);
 
-    QProcess second;
-    second.setProcessEnvironment(environment);
-    QElapsedTimer clock;
-    clock.start();
-    second.start(program, { QStringLiteral("--hive"), hive.path() });
-    QVERIFY(second.waitForFinished(10000));
-    QCOMPARE(second.exitStatus(), QProcess::NormalExit);
-    QCOMPARE(second.exitCode(), 0);
-    QVERIFY2(clock.elapsed() < 5000, qPrintable(QString::number(clock.elapsed())));
-    QCOMPARE(first.state(), QProcess::Running);
-
-    first.kill();
-    first.waitForFinished();
-    QLocalServer::removeServer(name);
+    Copy second;
+    QVERIFY(start(second, secondHive, display));
+    if (handsOver) {
+        QVERIFY(second.process.waitForFinished(10000));
+        QCOMPARE(second.process.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(second.process.exitCode(), 0);
+    } else {
+        // It listens for copies of its own, and stays.
+        QTRY_VERIFY_WITH_TIMEOUT(listening(second), 10000);
+        QVERIFY(!second.process.waitForFinished(500));
+    }
+    QCOMPARE(first.process.state(), QProcess::Running);
+    for (Copy *copy : { &first, &second }) {
+        copy->process.kill();
+        copy->process.waitForFinished();
+        QLocalServer::removeServer(copy->serverName);
+    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_SingleInstance)
