@@ -12,7 +12,6 @@
 #include "shell/TrayIcon.h"
 
 #include <QEvent>
-#include <QGuiApplication>
 #include <QMainWindow>
 #include <QScreen>
 #include <QTimer>
@@ -56,9 +55,19 @@ void MainWindowHook::release()
         m_tray->hide();
 }
 
+void MainWindowHook::fitFrameWhenFramed()
+{
+    m_fitWhenFramed = true;
+    fitFrame();
+}
+
 bool MainWindowHook::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window && !m_released) {
+        if (m_fitWhenFramed
+            && (event->type() == QEvent::Move || event->type() == QEvent::Resize
+                || event->type() == QEvent::WindowActivate))
+            fitFrame();
         if (event->type() == QEvent::Move)
             keepOnScreen();
         else if (event->type() == QEvent::WindowStateChange
@@ -74,12 +83,28 @@ void MainWindowHook::keepOnScreen()
         || m_window->windowState()
             & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized))
         return;
-    QList<QRect> screens;
-    for (const QScreen *each : QGuiApplication::screens())
-        screens.append(each->availableGeometry());
-    const QPoint clamped = WindowPlacement::clampPosition(m_window->pos(), screens);
+    const QPoint clamped
+        = WindowPlacement::clampPosition(m_window->pos(), WindowPlacement::availableScreens());
     if (clamped != m_window->pos())
         m_window->move(clamped);
+}
+
+void MainWindowHook::fitFrame()
+{
+    // Until the window manager has framed the window, its frame is the window itself.
+    const QRect frame = m_window->frameGeometry();
+    const QRect inside = m_window->geometry();
+    if (frame == inside || !m_window->isVisible()
+        || m_window->windowState()
+            & (Qt::WindowMaximized | Qt::WindowFullScreen | Qt::WindowMinimized))
+        return;
+    m_fitWhenFramed = false;
+    const QRect fitted = WindowPlacement::fitToScreens(frame, WindowPlacement::availableScreens());
+    if (fitted == frame)
+        return;
+    // The inside keeps its distances to the frame's edges.
+    m_window->setGeometry(fitted.adjusted(inside.left() - frame.left(), inside.top() - frame.top(),
+        inside.right() - frame.right(), inside.bottom() - frame.bottom()));
 }
 
 void MainWindowHook::windowMinimised()

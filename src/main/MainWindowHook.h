@@ -32,6 +32,9 @@ public:
     void restoreFromTray();
     // Stops acting on the window (it is closing for good); the tray icon goes.
     void release();
+    // The window has just been shown at a saved placement: once the window manager has put its
+    // frame around it, the whole frame is brought onto a screen, title bar included.
+    void fitFrameWhenFramed();
 
 signals:
     // The window has left the task bar for the tray.
@@ -48,6 +51,7 @@ private:
     void windowMinimised();
     void goToTray();
     void keepOnScreen();
+    void fitFrame();
 
     QMainWindow *m_window;
     const Settings &m_settings;
@@ -58,4 +62,5 @@ private:
     TrayIcon *m_tray = nullptr;
     bool m_inTray = false;
     bool m_released = false;
+    bool m_fitWhenFramed = false;
 };

@@ -3,6 +3,8 @@
 #include "main/WindowPlacement.h"
 
 #include <limits>
+#include <QGuiApplication>
+#include <QScreen>
 #include <QtMath>
 
 int WindowPlacement::twipsToPixels(int twips, qreal dotsPerInch)
@@ -65,13 +67,16 @@ QRect WindowPlacement::fitToScreens(const QRect &frame, const QList<QRect> &scre
     if (index < 0)
         return frame;
     const QRect &screen = screens.at(index);
-    QRect fitted = frame;
-    fitted.setWidth(qMin(frame.width(), screen.width()));
-    fitted.setHeight(qMin(frame.height(), screen.height()));
-    if (screen.contains(frame.topLeft()))
-        return fitted;
-    // Off every screen: onto the nearest one, as near as possible to where it was.
+    QRect fitted(frame.topLeft(), frame.size().boundedTo(screen.size()));
     fitted.moveLeft(qBound(screen.left(), frame.left(), screen.right() + 1 - fitted.width()));
     fitted.moveTop(qBound(screen.top(), frame.top(), screen.bottom() + 1 - fitted.height()));
     return fitted;
+}
+
+QList<QRect> WindowPlacement::availableScreens()
+{
+    QList<QRect> areas;
+    for (const QScreen *each : QGuiApplication::screens())
+        areas.append(each->availableGeometry());
+    return areas;
 }

@@ -26,9 +26,13 @@ public:
     // the screen nearest to it. Positions right of or below those edges are left alone.
     static QPoint clampPosition(const QPoint &pos, const QList<QRect> &screens);
 
-    // A saved placement made to fit: no larger than the screen it goes to, and wholly on it
-    // when its top-left corner lies on no screen (it then moves onto the nearest screen).
+    // A window's frame made to lie wholly on a screen: the one holding its top-left corner, else
+    // the nearest one. It shrinks to the screen's size when larger and moves as little as it
+    // must to come inside.
     static QRect fitToScreens(const QRect &frame, const QList<QRect> &screens);
+
+    // The areas of the screens that windows may use (without panels and docks).
+    static QList<QRect> availableScreens();
 
     // The screen whose area is nearest to the point (the one containing it, if any); -1 when
     // there is no screen.

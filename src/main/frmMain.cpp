@@ -739,7 +739,8 @@ void frmMain::showInSavedState()
     const QRect saved(WindowPlacement::twipsToPixels(left, dpiX),
         WindowPlacement::twipsToPixels(top, dpiY), WindowPlacement::twipsToPixels(width, dpiX),
         WindowPlacement::twipsToPixels(height, dpiY));
-    const QRect placed = WindowPlacement::fitToScreens(saved, availableScreens());
+    // The saved position is the frame's; the frame's own edges are known once it is shown.
+    const QRect placed = WindowPlacement::fitToScreens(saved, WindowPlacement::availableScreens());
     resize(placed.size().expandedTo(minimumSize()));
     move(placed.topLeft());
 
@@ -749,6 +750,7 @@ void frmMain::showInSavedState()
         showMinimized();
     else
         show();
+    m_hook->fitFrameWhenFramed();
     txtLeft->setFocus();
 }
 
@@ -1642,14 +1644,6 @@ bool frmMain::nativeEvent(const QByteArray &eventType, void *message, qintptr *r
     return QMainWindow::nativeEvent(eventType, message, result);
 }
 #endif
-
-QList<QRect> frmMain::availableScreens() const
-{
-    QList<QRect> areas;
-    for (const QScreen *each : QGuiApplication::screens())
-        areas.append(each->availableGeometry());
-    return areas;
-}
 
 qreal frmMain::dotsPerInchX() const
 {

@@ -207,7 +207,6 @@ private:
     static QString selectedText(const QListWidget *list);
 
     bool clipboardHasNumber() const;
-    QList<QRect> availableScreens() const;
     qreal dotsPerInchX() const;
     qreal dotsPerInchY() const;
 

@@ -82,7 +82,13 @@ void tst_WindowPlacement::savedPlacement_data()
     QTest::newRow("far below comes to the bottom")
         << QRect(200, 9000, 600, 800) << QRect(200, 400, 600, 800);
     QTest::newRow("larger than the screen is made to fit")
-        << QRect(200, 100, 3000, 3000) << QRect(200, 100, 1600, 1170);
+        << QRect(200, 100, 3000, 3000) << QRect(0, 30, 1600, 1170);
+    QTest::newRow("reaching below the screen moves up")
+        << QRect(100, 400, 600, 1000) << QRect(100, 200, 600, 1000);
+    QTest::newRow("taller than the screen lower down shrinks to its height")
+        << QRect(100, 200, 600, 1200) << QRect(100, 30, 600, 1170);
+    QTest::newRow("reaching beyond the second screen's right edge moves left")
+        << QRect(-400, 300, 600, 800) << QRect(-600, 300, 600, 800);
 }
 
 void tst_WindowPlacement::savedPlacement()

@@ -39,7 +39,8 @@ private slots:
     void lastConversionNotKeptWhenNotWanted();
     void savedConversionThatNoLongerFits_data();
     void savedConversionThatNoLongerFits();
-    void placementOffEveryScreen();
+    void savedPlacementComesUpOnTheScreen_data();
+    void savedPlacementComesUpOnTheScreen();
     void placementThatIsNoNumber();
     void windowKeptOffTheTopLeftEdges();
     void minimumSize();
@@ -178,8 +179,8 @@ void tst_frmMainSession::sessionComesBack()
     QTest::mouseClick(m_program->find<QWidget *>("cmdIncreaseSigFigs"), Qt::LeftButton);
     const QString shown = m_program->find<QLineEdit *>("txtRight")->text();
     QCOMPARE(shown, QStringLiteral("1.4400000E+2"));
-    window->move(120, 90);
-    window->resize(700, 560);
+    window->move(70, 40);
+    window->resize(660, 500);
     QVERIFY(m_program->close());
 
     const qreal dpi = window->screen()->logicalDotsPerInchX();
@@ -187,10 +188,10 @@ void tst_frmMainSession::sessionComesBack()
         return QString::number(WindowPlacement::pixelsToTwips(pixels, dpi));
     };
     QCOMPARE(m_hive->readSetting(QStringLiteral("windowstate")), QStringLiteral("0"));
-    QCOMPARE(m_hive->readSetting(QStringLiteral("left")), twips(120));
-    QCOMPARE(m_hive->readSetting(QStringLiteral("top")), twips(90));
-    QCOMPARE(m_hive->readSetting(QStringLiteral("width")), twips(700));
-    QCOMPARE(m_hive->readSetting(QStringLiteral("height")), twips(560));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("left")), twips(70));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("top")), twips(40));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("width")), twips(660));
+    QCOMPARE(m_hive->readSetting(QStringLiteral("height")), twips(500));
     QCOMPARE(m_hive->readSetting(QStringLiteral("scientific")), QStringLiteral("1"));
     QCOMPARE(m_hive->readSetting(QStringLiteral("numericformatting")), QStringLiteral("8"));
 
@@ -204,8 +205,8 @@ void tst_frmMainSession::sessionComesBack()
     QCOMPARE(selected(left()), QStringLiteral("foot"));
     QCOMPARE(selected(right()), QStringLiteral("inch"));
     QCOMPARE(m_program->find<QLineEdit *>("txtRight")->text(), shown);
-    QCOMPARE(window->pos(), QPoint(120, 90));
-    QCOMPARE(window->size(), QSize(700, 560));
+    QCOMPARE(window->pos(), QPoint(70, 40));
+    QCOMPARE(window->size(), QSize(660, 500));
     QVERIFY(m_dialogs->asked().isEmpty());
 }
 
@@ -295,24 +296,46 @@ void tst_frmMainSession::savedConversionThatNoLongerFits()
     QVERIFY(m_dialogs->asked().isEmpty());
 }
 
-void tst_frmMainSession::placementOffEveryScreen()
+void tst_frmMainSession::savedPlacementComesUpOnTheScreen_data()
 {
-    m_hive->writeSetting(QStringLiteral("left"), QStringLiteral("-400000"));
-    m_hive->writeSetting(QStringLiteral("top"), QStringLiteral("900000"));
-    m_hive->writeSetting(QStringLiteral("width"), QStringLiteral("9000"));
-    m_hive->writeSetting(QStringLiteral("height"), QStringLiteral("7500"));
+    // In twips; the height is screensHigh times the screen's, or 7500 when that is 0.
+    QTest::addColumn<int>("left");
+    QTest::addColumn<int>("top");
+    QTest::addColumn<int>("screensHigh");
+    QTest::newRow("far off every screen") << -400000 << 900000 << 0;
+    QTest::newRow("as tall as the screen, lower down") << 300 << 3000 << 1;
+    QTest::newRow("twice as tall as the screen") << 300 << 300 << 2;
+}
+
+// The whole window lies on the screen, shrunk and moved as far as it must be.
+void tst_frmMainSession::savedPlacementComesUpOnTheScreen()
+{
+    QFETCH(int, left);
+    QFETCH(int, top);
+    QFETCH(int, screensHigh);
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const QRect area = screen->availableGeometry();
+    const int screenTwips
+        = WindowPlacement::pixelsToTwips(area.height(), screen->logicalDotsPerInchY());
+    const auto write = [this](const char *name, int twips) {
+        m_hive->writeSetting(QString::fromLatin1(name), QString::number(twips));
+    };
+    write("left", left);
+    write("top", top);
+    write("width", 9000);
+    write("height", screensHigh ? screensHigh * screenTwips : 7500);
     QVERIFY(start());
-    const QRect screen = m_program->window()->screen()->availableGeometry();
     const QRect frame = m_program->window()->frameGeometry();
-    // On the screen, as far down as its height lets it go (the frame's own few pixels aside).
-    QVERIFY2(screen.contains(frame.topLeft()) && screen.height() - frame.bottom() < 10,
+    QVERIFY2(area.contains(frame),
         qPrintable(QStringLiteral("%1,%2 %3x%4")
                        .arg(frame.x())
                        .arg(frame.y())
                        .arg(frame.width())
                        .arg(frame.height())));
-    QCOMPARE(frame.left(), screen.left());
-    QCOMPARE(m_program->window()->size(), QSize(600, 500));
+    if (screensHigh)
+        QCOMPARE(frame.bottom(), area.bottom());
+    else
+        QCOMPARE(m_program->window()->size(), QSize(600, 500));
 }
 
 void tst_frmMainSession::placementThatIsNoNumber()
