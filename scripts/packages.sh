@@ -15,5 +15,5 @@ install_packages() {
 }
 
 BUILD_PACKAGES=(g++ cmake ninja-build qt6-base-dev qt6-base-dev-tools libgl-dev libqt6svg6 fonts-dejavu-core)
-TEST_PACKAGES=(units xvfb xauth poppler-utils trayer
+TEST_PACKAGES=(units xvfb xauth poppler-utils trayer xdotool
     at-spi2-core dbus-daemon python3-gi gir1.2-atspi-2.0)

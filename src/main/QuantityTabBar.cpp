@@ -2,6 +2,9 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 #include "main/QuantityTabBar.h"
 
+#include "main/QuantityBarAccessible.h"
+
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
@@ -22,9 +25,19 @@ QuantityTabBar::QuantityTabBar(QWidget *parent)
     setExpanding(false);
     setDrawBase(true);
     setDocumentMode(true);
-    connect(this, &QTabBar::currentChanged, this, [this] {
-        if (m_buttons)
+    // Assistive technologies see the quantities where they are drawn, in either style.
+    static const bool accessible = [] {
+        QAccessible::installFactory(&QuantityBarAccessible::create);
+        return true;
+    }();
+    Q_UNUSED(accessible)
+    connect(this, &QTabBar::currentChanged, this, [this](int index) {
+        if (m_buttons) {
             showCurrentRow();
+            announceChecked(m_checked);
+            announceChecked(index);
+        }
+        m_checked = index;
     });
     // Buttons are the style a new user sees: the bar starts so, and measures its tabs once.
     setButtonStyle(true);
@@ -230,6 +243,20 @@ void QuantityTabBar::showCurrentRow()
         m_down->setEnabled(m_firstRow + visibleRows() < m_layout.rows);
     }
     update();
+}
+
+// A button's checked state changed: the tab bar itself only tells of a new current tab.
+void QuantityTabBar::announceChecked(int index)
+{
+    if (index < 0 || !QAccessible::isActive())
+        return;
+    QAccessibleInterface *button = QAccessible::queryAccessibleInterface(this)->child(index);
+    if (!button)
+        return;
+    QAccessible::State changed;
+    changed.checked = true;
+    QAccessibleStateChangeEvent event(button, changed);
+    QAccessible::updateAccessibility(&event);
 }
 
 void QuantityTabBar::scrollRows(int step)

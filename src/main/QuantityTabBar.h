@@ -73,6 +73,7 @@ private:
     Layout layoutFor(int width) const;
     void relayout();
     void showCurrentRow();
+    void announceChecked(int index);
 
     bool m_buttons = false;
     bool m_replacing = false;
@@ -80,6 +81,7 @@ private:
     int m_firstRow = 0;
     Layout m_layout;
     int m_hovered = -1;
+    int m_checked = -1; // the current quantity, as assistive technologies were last told
     mutable QVector<int> m_widths; // the buttons' widths, measured when first needed
     QToolButton *m_up = nullptr;
     QToolButton *m_down = nullptr;

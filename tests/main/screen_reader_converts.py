@@ -1,8 +1,13 @@
 #!/usr/bin/python3
 # A screen reader's view of the main window, through the accessibility bus alone: the value box,
-# the unit lists, the quantity tabs and the result are found by their accessible names, driven
-# as an assistive technology drives them (text set, list items and tabs selected), and the
-# result read back. Run by with_screen_reader_bus.sh; exits non-zero on the first failure.
+# the unit lists, the quantities and the result are found by their accessible names, driven as
+# an assistive technology drives them (text set, list items selected, a quantity pressed), and
+# the result read back. The quantities are tabs or buttons (MENSURA_TABS=1 or 0): each must sit
+# where it is drawn and say which one is current. Last, Ctrl+Shift+Tab is pressed on the real
+# keyboard (xdotool) and must step back one quantity. Run by with_screen_reader_bus.sh; exits
+# non-zero on the first failure.
+import os
+import subprocess
 import sys
 import time
 import warnings
@@ -78,6 +83,44 @@ def act(container, role, name, action):
     fail("no %s %r in %s %r" % (role, name, container.get_role_name(), container.get_name()))
 
 
+TABS = os.environ.get("MENSURA_TABS") == "1"
+# How the quantities show: their container, each quantity, and the state of the current one.
+STRIP, QUANTITY, CURRENT = (("page tab list", "page tab", Atspi.StateType.SELECTED) if TABS
+                            else ("panel", "push button", Atspi.StateType.CHECKED))
+
+
+def extents(node):
+    box = Atspi.Component.get_extents(node, Atspi.CoordType.SCREEN)
+    return (box.x, box.y, box.width, box.height)
+
+
+def current_quantity(strip):
+    """The quantity shown as current, after checking that the quantities showing lie in the
+    strip, each in a place of its own."""
+    sx, sy, sw, sh = extents(strip)
+    places = {}
+    current = []
+    for i in range(strip.get_child_count()):
+        child = strip.get_child_at_index(i)
+        if child.get_role_name() != QUANTITY:
+            continue
+        states = child.get_state_set()
+        if states.contains(CURRENT):
+            current.append(child.get_name())
+        if not states.contains(Atspi.StateType.SHOWING):
+            continue
+        x, y, w, h = extents(child)
+        if not (sx <= x and x + w <= sx + sw and sy <= y and y + h <= sy + sh):
+            fail("%r at %r lies outside its strip at %r" % (child.get_name(), (x, y, w, h),
+                                                             (sx, sy, sw, sh)))
+        if (x, y) in places:
+            fail("%r and %r share the place %r" % (places[(x, y)], child.get_name(), (x, y)))
+        places[(x, y)] = child.get_name()
+    if len(places) < 3:
+        fail("only %d quantities show" % len(places))
+    return current[0] if len(current) == 1 else None
+
+
 def text_of(node):
     return Atspi.Text.get_text(node, 0, Atspi.Text.get_character_count(node))
 
@@ -85,10 +128,11 @@ def text_of(node):
 def main():
     app = wait_for("the program on the accessibility bus", application)
     frame = wait_for("the main window", lambda: find(app, "frame", "Mensura 98"))
+    strip = wait_for("the quantities", lambda: find(frame, STRIP))
     for value, quantity, initial, converted, expected in CONVERSIONS:
-        tabs = wait_for("the quantity tabs", lambda: find(frame, "page tab list"))
-        act(tabs, "page tab", quantity, "Press")
-        wait_for("the %s tab" % quantity, lambda: tabs.get_name() == quantity)
+        act(strip, QUANTITY, quantity, "Press")
+        wait_for("%s to be current" % quantity, lambda: current_quantity(strip) == quantity,
+                 why=lambda: "%s pressed, %r current" % (quantity, current_quantity(strip)))
         box = find(frame, "text", "Value to convert")
         if box is None:
             fail("no text named 'Value to convert'")
@@ -106,6 +150,14 @@ def main():
                  why=lambda: "%s %s in %s: shows %r, expected %r"
                  % (value, initial, converted, text_of(result), expected))
         print("ok", value, initial, "=", expected, converted)
+
+    # From Mass, the quantity before it in alphabetical order.
+    subprocess.run(["xdotool", "search", "--name", "^Mensura 98$", "windowfocus", "--sync"],
+                   check=True)
+    subprocess.run(["xdotool", "key", "ctrl+shift+Tab"], check=True)
+    wait_for("Ctrl+Shift+Tab", lambda: current_quantity(strip) == "Magnetomotive Force",
+             why=lambda: "Ctrl+Shift+Tab from Mass: %r current" % current_quantity(strip))
+    print("ok Ctrl+Shift+Tab")
 
 
 main()

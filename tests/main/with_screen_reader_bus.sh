@@ -13,9 +13,10 @@ work=$(mktemp -d)
 trap 'kill "$X_SERVER" 2>/dev/null || true; rm -rf "$work"' EXIT
 start_x_server
 
-# A hive of a user who has run the program before: no first-run help window in front.
-printf 'Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"StartOnce"="1"\r\n' \
-    >"$work/hive.reg"
+# A hive of a user who has run the program before: no first-run help window in front. The
+# quantities show as tabs when MENSURA_TABS is 1, else as buttons.
+printf 'Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"StartOnce"="1"\r\n"tabs"="%s"\r\n' \
+    "${MENSURA_TABS:-0}" >"$work/hive.reg"
 export PROGRAM="$program" CLIENT="$client" HIVE="$work/hive.reg" MENSURA_INSTANCE="a11y-$$"
 dbus-run-session -- bash -c '
     /usr/libexec/at-spi-bus-launcher --launch-immediately --a11y=1 2>/dev/null &
