@@ -444,6 +444,16 @@ void frmMain::createShortcuts()
         [this] { cmdIncreaseSigFigs_Click(); });
     add(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::ALT | Qt::Key_D),
         [this] { cmdDecreaseSigFigs_Click(); });
+
+    // The platform's own keys for common commands, shown beside their menu items.
+    mnuRecordsFind->setShortcut(QKeySequence::Find);
+    mnuFileLoad->setShortcut(QKeySequence::Open);
+    mnuFilePrintAllConvForItem->setShortcut(QKeySequence::Print);
+    mnuFileExit->setShortcut(QKeySequence::Quit);
+    // The help key asks for help on this window: pressed, it opens the main window's topic;
+    // the menu item opens the contents.
+    mnuhelphelp->setShortcut(QKeySequence::HelpContents);
+    mnuhelphelp->installEventFilter(this);
 }
 
 void frmMain::setTexts()
@@ -777,6 +787,8 @@ void frmMain::refreshResult()
 {
     showConversion(m_engine.UpdateResult(
         selectedText(lstLeft), selectedText(lstRight), txtLeft->currentText()));
+    // The print key reaches its command without the menu being opened.
+    applyFileRule();
 }
 
 void frmMain::showConversion(const ConversionResult &result)
@@ -1489,6 +1501,10 @@ bool frmMain::event(QEvent *event)
 
 bool frmMain::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == mnuhelphelp && event->type() == QEvent::Shortcut) {
+        showHelp(HelpTopics::MainWindow);
+        return true;
+    }
     if (watched == lstLeft || watched == lstRight) {
         if (event->type() == QEvent::FocusIn)
             AddNumberToComboBox();

@@ -3,9 +3,9 @@
 # the unit lists, the quantities and the result are found by their accessible names, driven as
 # an assistive technology drives them (text set, list items selected, a quantity pressed), and
 # the result read back. The quantities are tabs or buttons (MENSURA_TABS=1 or 0): each must sit
-# where it is drawn and say which one is current. Last, Ctrl+Shift+Tab is pressed on the real
-# keyboard (xdotool) and must step back one quantity. Run by with_screen_reader_bus.sh; exits
-# non-zero on the first failure.
+# where it is drawn and say which one is current. Last, keys are pressed on the real keyboard
+# (xdotool): Ctrl+Shift+Tab must step back one quantity, and the platform's Quit key (Ctrl+Q)
+# must end the program. Run by with_screen_reader_bus.sh; exits non-zero on the first failure.
 import os
 import subprocess
 import sys
@@ -158,6 +158,11 @@ def main():
     wait_for("Ctrl+Shift+Tab", lambda: current_quantity(strip) == "Magnetomotive Force",
              why=lambda: "Ctrl+Shift+Tab from Mass: %r current" % current_quantity(strip))
     print("ok Ctrl+Shift+Tab")
+
+    subprocess.run(["xdotool", "key", "ctrl+q"], check=True)
+    wait_for("Ctrl+Q to end the program", lambda: subprocess.run(
+        ["xdotool", "search", "--name", "^Mensura 98$"], capture_output=True).returncode != 0)
+    print("ok Ctrl+Q")
 
 
 main()

@@ -8,6 +8,8 @@
 // with five figures and not exact.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
+#include "find/frmFind.h"
+#include "help/HelpTopics.h"
 #include "main/FiguresIndicator.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
@@ -26,6 +28,8 @@
 #include <QMenu>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QTextBrowser>
+#include <QTimer>
 #include <QToolButton>
 
 static const QString Lengths = QStringLiteral("Zeta Length");
@@ -60,6 +64,8 @@ private slots:
     void ctrlTabWrapsAround_data();
     void ctrlTabWrapsAround();
     void ctrl1EntersOne();
+    void standardKeys_data();
+    void standardKeys();
     void significantFigures_data();
     void significantFigures();
     void paste_data();
@@ -378,6 +384,66 @@ void tst_frmMain::ctrlTabWrapsAround()
     const Catalogue &catalogue = m_program->startup().catalogue();
     QCOMPARE(catalogue.Quantities.at(catalogue.CurrentQuantity).Name, bar->tabText(to));
     QCOMPARE(left()->count(), catalogue.enabledUnitNames(catalogue.CurrentQuantity).size());
+}
+
+void tst_frmMain::standardKeys_data()
+{
+    QTest::addColumn<QKeySequence>("keys");
+    QTest::addColumn<QString>("command");
+    QTest::newRow("Find opens the find dialog") << QKeySequence(QKeySequence::Find) << "find";
+    QTest::newRow("Open loads conversions") << QKeySequence(QKeySequence::Open) << "load";
+    QTest::newRow("Print prints all conversions of the value")
+        << QKeySequence(QKeySequence::Print) << "print";
+    QTest::newRow("Quit asks before leaving marked conversions")
+        << QKeySequence(QKeySequence::Quit) << "quit";
+    QTest::newRow("Help opens the main window's topic")
+        << QKeySequence(QKeySequence::HelpContents) << "help";
+}
+
+// The platform's keys for common commands do what their menu items do, with the menus closed.
+void tst_frmMain::standardKeys()
+{
+    QFETCH(QKeySequence, keys);
+    QFETCH(QString, command);
+    if (keys.isEmpty())
+        QSKIP("this platform has no such key");
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    if (command == u"quit")
+        action("mnurecordsadd")->trigger();
+    bool found = false;
+    if (command == u"find") {
+        QTimer::singleShot(0, this, [&] {
+            auto *dialog = qobject_cast<frmFind *>(QApplication::activeModalWidget());
+            found = dialog && dialog->isVisible();
+            if (dialog)
+                dialog->close();
+        });
+    } else if (command == u"load") {
+        m_dialogs->answerOpenFile(QString());
+    } else if (command != u"help") {
+        m_dialogs->answerQuestion(Dialogs::No);
+    }
+    QTest::keySequence(value()->lineEdit(), keys);
+
+    if (command == u"find") {
+        QVERIFY(found);
+    } else if (command == u"help") {
+        const auto *topic = m_program->window()->findChild<QTextBrowser *>("txtTopic");
+        QVERIFY(topic && topic->isVisible());
+        QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
+        // The menu item itself opens the contents.
+        action("mnuhelphelp")->trigger();
+        QCOMPARE(topic->source(), HelpTopics::contentsUrl());
+    } else {
+        QVERIFY(m_dialogs->scriptDone());
+        const auto &asked = m_dialogs->asked().constLast();
+        if (command == u"print")
+            QVERIFY(asked.notice.text.startsWith(text(286)));
+        if (command == u"quit")
+            QCOMPARE(asked.notice.text, text(333));
+        QVERIFY(m_program->window()->isVisible());
+    }
 }
 
 void tst_frmMain::ctrl1EntersOne()
