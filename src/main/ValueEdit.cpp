@@ -8,11 +8,31 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QMimeData>
+#include <QStyle>
 #include <QTimer>
+#include <QToolTip>
 
 ValueEdit::ValueEdit(QWidget *parent)
     : QLineEdit(parent)
 {
+}
+
+void ValueEdit::setReadingNote(const QString &note)
+{
+    if (!m_noteMark) {
+        if (note.isEmpty())
+            return;
+        m_noteMark = addAction(
+            style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::TrailingPosition);
+        m_noteMark->setObjectName(QStringLiteral("actReadingNote"));
+        // A click shows the note at once, for those who cannot hover.
+        connect(m_noteMark, &QAction::triggered, this, [this] {
+            QToolTip::showText(mapToGlobal(rect().bottomRight()), m_noteMark->toolTip(), this);
+        });
+    }
+    m_noteMark->setToolTip(note);
+    m_noteMark->setVisible(!note.isEmpty());
+    setAccessibleDescription(note);
 }
 
 void ValueEdit::keyPressEvent(QKeyEvent *event)

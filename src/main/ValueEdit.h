@@ -6,6 +6,7 @@
 // handed to the window instead, which puts in only the number the text starts with. Enter is
 // the window's too, and never reaches the combo box (which would otherwise insert the value
 // into its drop-down). Getting the focus selects the whole value, so that typing replaces it.
+// A note on how the value was read shows as a warning mark at the end of the box.
 #pragma once
 
 #include <QLineEdit>
@@ -16,6 +17,10 @@ class ValueEdit : public QLineEdit
 
 public:
     explicit ValueEdit(QWidget *parent = nullptr);
+
+    // Shows the note as the warning mark's tooltip and the box's accessible description; an
+    // empty note takes the mark away.
+    void setReadingNote(const QString &note);
 
 signals:
     void enterPressed();
@@ -29,4 +34,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+
+private:
+    QAction *m_noteMark = nullptr;
 };

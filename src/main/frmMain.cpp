@@ -842,6 +842,21 @@ void frmMain::showMarkedCount()
 void frmMain::txtLeft_Change()
 {
     refreshResult();
+    showReadingNote();
+}
+
+// The value is read from its start; when the rest of the text is left out, the user is told
+// what the value was read as.
+void frmMain::showReadingNote()
+{
+    const QString typed = txtLeft->currentText();
+    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(typed);
+    QString note;
+    if (reading.length < typed.size() && !typed.trimmed().isEmpty() && qIsFinite(reading.value))
+        note = reading.hasDigits
+            ? text(MainText::ReadAs).arg(NumberText::shortestText(reading.value))
+            : text(MainText::NotANumber);
+    m_valueEdit->setReadingNote(note);
 }
 
 void frmMain::txtLeft_Click()

@@ -186,6 +186,7 @@ private:
     void showMarkedCount();
     void showConversion(const ConversionResult &result);
     void showNotices(const QList<Notice> &notices);
+    void showReadingNote();
     void showHelpLine(const QString &line, bool menuOpen);
     void pasteValue(bool fromSelection);
     void pasteText(const QString &pasted);

@@ -58,6 +58,8 @@ private slots:
     void resultFollowsEveryKindOfChange_data();
     void resultFollowsEveryKindOfChange();
     void enterRefreshesAndKeepsTheValue();
+    void readingNote_data();
+    void readingNote();
     void history_data();
     void history();
     void quantityRemembersItsConversion();
@@ -273,6 +275,55 @@ void tst_frmMain::resultFollowsEveryKindOfChange()
         m_program->window()->setValueText(QStringLiteral("3"));
     }
     QCOMPARE(result()->text(), expected);
+}
+
+void tst_frmMain::readingNote_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QString>("readAs"); // "" when the whole text is the number
+    QTest::newRow("a thousands comma") << "1,500"
+                                       << "1";
+    QTest::newRow("a fraction") << "3/8"
+                                << "3";
+    QTest::newRow("a mixed number: blanks inside are skipped") << "1 1/2"
+                                                               << "11";
+    QTest::newRow("a unit after the number") << "12kg"
+                                             << "12";
+    QTest::newRow("a dangling exponent") << "2.5e"
+                                         << "2.5";
+    QTest::newRow("a whole number") << "12"
+                                    << "";
+    QTest::newRow("blanks around a number") << " 1 500 "
+                                            << "";
+    QTest::newRow("an exponent") << "-1.5D3"
+                                 << "";
+    QTest::newRow("an empty box") << ""
+                                  << "";
+    QTest::newRow("no number at all") << "abc"
+                                      << "0";
+}
+
+// A value read from its start only converts as before, and the box says what it was read as;
+// the note goes when the whole text is a number.
+void tst_frmMain::readingNote()
+{
+    QFETCH(QString, typed);
+    QFETCH(QString, readAs);
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("1,5"));
+    showFeetInInches(typed);
+    auto *mark = m_program->find<QAction *>("actReadingNote");
+    QCOMPARE(mark->isVisible(), !readAs.isEmpty());
+    const QString note = readAs.isEmpty() ? QString()
+        : readAs == u"0"                  ? text(5531)
+                                          : text(5530).arg(readAs);
+    QCOMPARE(mark->toolTip().isEmpty() ? QString() : mark->toolTip(), note);
+    QCOMPARE(value()->lineEdit()->accessibleDescription(), note);
+    if (!readAs.isEmpty() && readAs != u"0") {
+        const QString shown = result()->text();
+        typeValue(readAs);
+        QCOMPARE(result()->text(), shown);
+    }
 }
 
 void tst_frmMain::enterRefreshesAndKeepsTheValue()
