@@ -56,10 +56,12 @@ QToolButton *toolButton(QWidget *parent, const char *name, QStyle::StandardPixma
 } // namespace
 
 HelpWindow::HelpWindow(QWidget *anchor)
-    : QWidget(anchor, Qt::Window)
+    : QWidget(nullptr, Qt::Window)
     , m_anchor(anchor)
 {
     setObjectName(QStringLiteral("HelpWindow"));
+    if (anchor)
+        connect(anchor, &QObject::destroyed, this, [this] { delete this; });
     createControls();
     setTexts();
     connectControls();

@@ -2,11 +2,17 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The help: every context number the program asks for opens its topic, every link of every
-// topic leads somewhere, and the window's history and find bar work.
+// topic leads somewhere, the window's history and find bar work, and the help stays usable
+// while a dialog of the program is open.
 #include "catalogue/StringTable.h"
 #include "help/HelpTopics.h"
 #include "help/HelpWindow.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHive.h"
+#include "support/TestProgram.h"
 
+#include <QAction>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QLabel>
@@ -16,6 +22,7 @@
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTimer>
 #include <QToolButton>
 
 namespace
@@ -73,6 +80,8 @@ private Q_SLOTS:
     void backAndForwardFollowTheTopicsShown();
     void findBarFindsInThePage();
     void standsBesideItsAnchor();
+    void usableBesideADialog_data();
+    void usableBesideADialog();
 
 private:
     std::unique_ptr<QWidget> m_anchor;
@@ -292,6 +301,67 @@ void tst_HelpWindow::standsBesideItsAnchor()
                        .arg(help.y())
                        .arg(help.width())
                        .arg(help.height())));
+}
+
+void tst_HelpWindow::usableBesideADialog_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("helpButton");
+
+    QTest::newRow("options dialog, its tutorial button") << "mnufilesetopt"
+                                                         << "cmdTutorial";
+    QTest::newRow("find dialog, its help button") << "mnuRecordsFind"
+                                                  << "cmdHelp";
+    QTest::newRow("About window, help opened before it") << "mnuhelpabout" << QString();
+}
+
+// The help is clicked through the window system, where a window blocked by a modal dialog
+// gets no input, as a user clicks it.
+void tst_HelpWindow::usableBesideADialog()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, helpButton);
+    TestHive hive;
+    hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    ScriptedDialogs dialogs;
+    TestProgram program(hive, dialogs);
+    QVERIFY(program.start());
+    QVERIFY(QTest::qWaitForWindowExposed(program.window()));
+    if (helpButton.isEmpty())
+        program.find<QAction *>("mnuviewmetric")->trigger();
+
+    QWidget *dialog = nullptr;
+    QUrl shown;
+    int figures = 0;
+    QTimer::singleShot(0, this, [&] {
+        dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            return;
+        if (!helpButton.isEmpty())
+            QTest::mouseClick(dialog->findChild<QWidget *>(helpButton), Qt::LeftButton);
+        QWidget *help = nullptr;
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String("HelpWindow") && window->isVisible())
+                help = window;
+        }
+        if (help && QTest::qWaitForWindowExposed(help)) {
+            auto *contents = help->findChild<QWidget *>(QStringLiteral("cmdContents"));
+            QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {},
+                contents->mapTo(help, contents->rect().center()));
+            shown = help->findChild<QTextBrowser *>(QStringLiteral("txtTopic"))->source();
+        }
+        // The main window stays out of reach while the dialog is open.
+        auto *increase = program.find<QWidget *>("cmdIncreaseSigFigs");
+        figures = program.startup().settings().SigFigs;
+        QTest::mouseClick(program.window()->windowHandle(), Qt::LeftButton, {},
+            increase->mapTo(program.window(), increase->rect().center()));
+        figures = program.startup().settings().SigFigs - figures;
+        dialog->close();
+    });
+    program.find<QAction *>(qPrintable(command))->trigger();
+    QVERIFY(dialog);
+    QCOMPARE(shown, HelpTopics::contentsUrl());
+    QCOMPARE(figures, 0);
 }
 
 QTEST_MAIN(tst_HelpWindow)
