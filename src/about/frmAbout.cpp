@@ -32,7 +32,7 @@ constexpr int CaptionId = 5400;
 constexpr int OkId = 5401;
 constexpr int VersionId = 5402; // "Version %1"
 constexpr int CopyrightId = 5403;
-constexpr int EmailId = 5404; // the author's e-mail address
+constexpr int IssuesId = 5404; // the issue tracker, where questions and problems reach us
 // The credits: heading, underline, paragraphs, closing line, signature, date, flag.
 constexpr int CreditsHeadingId = 5410;
 constexpr int CreditsUnderlineId = 5411;
@@ -42,7 +42,7 @@ constexpr int CreditsSignatureId = 5419;
 constexpr int CreditsDateId = 5420;
 constexpr int CreditsFlagId = 5421;
 constexpr int HomePageCaptionId = 5422;
-constexpr int EmailCaptionId = 5423;
+constexpr int IssuesCaptionId = 5423;
 constexpr int Image1NameId = 5424;
 constexpr int Image2NameId = 5425;
 constexpr int PictureNameId = 5426;
@@ -184,8 +184,8 @@ void frmAbout::setTexts()
     lblNotice->setText(StringTable::text(NoticeId));
     lblHomePageCaption->setText(StringTable::text(HomePageCaptionId));
     lblHomePage->setText(linkText(StringTable::text(HomePageId)));
-    lblemailCaption->setText(StringTable::text(EmailCaptionId));
-    lblemail->setText(linkText(StringTable::text(EmailId)));
+    lblemailCaption->setText(StringTable::text(IssuesCaptionId));
+    lblemail->setText(linkText(StringTable::text(IssuesId)));
     Image1->setAccessibleName(StringTable::text(Image1NameId));
     Image2->setAccessibleName(StringTable::text(Image2NameId));
     Picture1->setAccessibleName(StringTable::text(PictureNameId));
@@ -201,7 +201,7 @@ void frmAbout::connectControls()
     connect(lblHomePage, &QLabel::linkActivated, this,
         [] { Links::open(StringTable::text(HomePageId)); });
     connect(
-        lblemail, &QLabel::linkActivated, this, [] { Links::open(StringTable::text(EmailId)); });
+        lblemail, &QLabel::linkActivated, this, [] { Links::open(StringTable::text(IssuesId)); });
 }
 
 bool frmAbout::eventFilter(QObject *watched, QEvent *event)
@@ -237,6 +237,9 @@ void frmAbout::Image_MouseDown(
 
 void frmAbout::ToggleCredits()
 {
+    // From the dedication too: the credits take its place.
+    Picture1->setVisible(false);
+    Label4->setVisible(false);
     if (txtCredits->isHidden()) {
         FillCredits();
         txtCredits->setVisible(true);
