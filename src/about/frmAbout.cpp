@@ -9,6 +9,7 @@
 #include "shell/Dialogs.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -54,6 +55,26 @@ constexpr int IconSize = 64;
 QString linkText(const QString &target)
 {
     return QStringLiteral("<a href=\"%1\">%1</a>").arg(target.toHtmlEscaped());
+}
+
+// The desktop's fixed-pitch font, or, where the font database does not count that one as fixed
+// pitch (Noto Sans Mono has a few wide glyphs, so fontconfig calls it proportional), the first
+// family with Latin letters that it does count, at the same size.
+QFont fixedPitchFont()
+{
+    const QFont system = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (QFontInfo(system).fixedPitch())
+        return system;
+    for (const QString &family : QFontDatabase::families(QFontDatabase::Latin)) {
+        if (!QFontDatabase::isFixedPitch(family))
+            continue;
+        QFont font = system;
+        font.setFamilies({ family });
+        const QFontInfo info(font);
+        if (info.fixedPitch() && info.family() == family)
+            return font;
+    }
+    return system;
 }
 
 QLabel *label(QWidget *parent, const char *name)
@@ -268,7 +289,7 @@ void frmAbout::FillCredits()
     cursor.insertText(text);
     // The flag is drawn in text characters: it needs a fixed-pitch font to stay square.
     QTextCharFormat fixed;
-    fixed.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    fixed.setFont(fixedPitchFont());
     cursor.insertText(StringTable::text(CreditsFlagId), fixed);
     txtCredits->moveCursor(QTextCursor::Start);
 }
