@@ -11,6 +11,8 @@
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
 
+#include <cmath>
+#include <QAbstractTextDocumentLayout>
 #include <QAction>
 #include <QApplication>
 #include <QDesktopServices>
@@ -18,10 +20,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSet>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
 #include <QTimer>
 #include <QToolButton>
 
@@ -48,6 +52,45 @@ QStringList hrefs(const QString &html)
 QStringList topicFiles()
 {
     return QDir(QStringLiteral(":/help")).entryList({ QStringLiteral("*.html") }, QDir::Files);
+}
+
+// The contrast ratio of two colours as the Web Content Accessibility Guidelines define it.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto luminance = [](const QColor &colour) {
+        const auto linear = [](double c) {
+            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+            + 0.0722 * linear(colour.blueF());
+    };
+    const double a = luminance(one) + 0.05;
+    const double b = luminance(other) + 0.05;
+    return a > b ? a / b : b / a;
+}
+
+// The first piece of text of the shown topic whose colour is hard to read on its background.
+QString hardToRead(QTextBrowser *topic, double least)
+{
+    const QPalette palette = topic->palette();
+    for (QTextBlock block = topic->document()->begin(); block.isValid(); block = block.next()) {
+        QBrush background = block.blockFormat().background();
+        if (background.style() == Qt::NoBrush) {
+            const QTextCursor cursor(block);
+            if (const QTextTable *table = cursor.currentTable())
+                background = table->cellAt(cursor).format().background();
+        }
+        const QColor behind = background.style() == Qt::NoBrush ? palette.color(QPalette::Base)
+                                                                : background.color();
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QBrush foreground = it.fragment().charFormat().foreground();
+            const QColor text = foreground.style() == Qt::NoBrush ? palette.color(QPalette::Text)
+                                                                  : foreground.color();
+            if (!it.fragment().text().trimmed().isEmpty() && contrast(text, behind) < least)
+                return it.fragment().text();
+        }
+    }
+    return QString();
 }
 } // namespace
 
@@ -82,6 +125,9 @@ private Q_SLOTS:
     void standsBesideItsAnchor();
     void usableBesideADialog_data();
     void usableBesideADialog();
+    void readableInTheDesktopsPalette_data();
+    void readableInTheDesktopsPalette();
+    void writtenOutNumbersKeepTheirDigitGroups();
 
 private:
     std::unique_ptr<QWidget> m_anchor;
@@ -362,6 +408,58 @@ void tst_HelpWindow::usableBesideADialog()
     QVERIFY(dialog);
     QCOMPARE(shown, HelpTopics::contentsUrl());
     QCOMPARE(figures, 0);
+}
+
+void tst_HelpWindow::readableInTheDesktopsPalette_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light palette") << false;
+    QTest::newRow("dark palette") << true;
+}
+
+void tst_HelpWindow::readableInTheDesktopsPalette()
+{
+    QFETCH(bool, dark);
+    const QPalette kept = QApplication::palette();
+    const auto restore = qScopeGuard([kept] { QApplication::setPalette(kept); });
+    // A topic is open when the desktop changes its palette.
+    m_help->showContext(HelpTopics::MetricPrefixes);
+    if (dark) {
+        QPalette palette = kept;
+        for (auto [role, colour] : { std::pair { QPalette::Window, QColor(53, 53, 53) },
+                 { QPalette::WindowText, Qt::white }, { QPalette::Base, QColor(35, 35, 35) },
+                 { QPalette::AlternateBase, QColor(53, 53, 53) }, { QPalette::Text, Qt::white },
+                 { QPalette::Button, QColor(53, 53, 53) }, { QPalette::ButtonText, Qt::white },
+                 { QPalette::Link, QColor(42, 130, 218) },
+                 { QPalette::Highlight, QColor(42, 130, 218) } })
+            palette.setColor(role, colour);
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents(); // the windows learn of it through the event loop
+    }
+    // Three to one, the least contrast for large text in the Web Content Accessibility
+    // Guidelines: headings are large, and body text has far more than this.
+    QCOMPARE(hardToRead(m_topic, 3.0), QString());
+    for (const QString &file : topicFiles()) {
+        m_topic->setSource(HelpTopics::baseUrl().resolved(QUrl(file)));
+        QVERIFY2(hardToRead(m_topic, 3.0).isEmpty(),
+            qPrintable(file + QStringLiteral(": ") + hardToRead(m_topic, 3.0)));
+    }
+}
+
+void tst_HelpWindow::writtenOutNumbersKeepTheirDigitGroups()
+{
+    m_help->showContext(HelpTopics::MetricPrefixes); // at the window's first size
+    QVERIFY(QTest::qWaitForWindowExposed(m_help));
+    m_topic->document()->documentLayout()->documentSize(); // laid out to the end
+    static const QRegularExpression number(QStringLiteral("^[0-9.]+(\\x{a0}[0-9]{3})+$"));
+    int numbers = 0;
+    for (QTextBlock block = m_topic->document()->begin(); block.isValid(); block = block.next()) {
+        if (!number.match(block.text()).hasMatch())
+            continue;
+        ++numbers;
+        QVERIFY2(block.layout()->lineCount() == 1, qPrintable(block.text()));
+    }
+    QVERIFY(numbers > 20);
 }
 
 QTEST_MAIN(tst_HelpWindow)
