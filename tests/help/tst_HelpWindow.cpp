@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The help: every context number the program asks for opens its topic, every link of every
-// topic leads somewhere, the window's history and find bar work, and the help stays usable
-// while a dialog of the program is open.
+// topic leads somewhere, the window's history and find bar work, the topics read well under a
+// light and a dark palette, and the help stays usable while a dialog of the program is open.
 #include "catalogue/StringTable.h"
 #include "help/HelpTopics.h"
 #include "help/HelpWindow.h"
@@ -378,7 +378,7 @@ void tst_HelpWindow::usableBesideADialog()
 
     QWidget *dialog = nullptr;
     QUrl shown;
-    int figures = 0;
+    bool figuresChanged = true;
     QTimer::singleShot(0, this, [&] {
         dialog = QApplication::activeModalWidget();
         if (!dialog)
@@ -398,16 +398,16 @@ void tst_HelpWindow::usableBesideADialog()
         }
         // The main window stays out of reach while the dialog is open.
         auto *increase = program.find<QWidget *>("cmdIncreaseSigFigs");
-        figures = program.startup().settings().SigFigs;
+        const int figures = program.startup().settings().SigFigs;
         QTest::mouseClick(program.window()->windowHandle(), Qt::LeftButton, {},
             increase->mapTo(program.window(), increase->rect().center()));
-        figures = program.startup().settings().SigFigs - figures;
+        figuresChanged = program.startup().settings().SigFigs != figures;
         dialog->close();
     });
     program.find<QAction *>(qPrintable(command))->trigger();
     QVERIFY(dialog);
     QCOMPARE(shown, HelpTopics::contentsUrl());
-    QCOMPARE(figures, 0);
+    QVERIFY(!figuresChanged);
 }
 
 void tst_HelpWindow::readableInTheDesktopsPalette_data()
