@@ -55,9 +55,18 @@ done
 
 share="$root/usr/share"
 check "desktop entry valid" desktop-file-validate "$share/applications/io.github.mensura.Mensura.desktop"
-check "metainfo valid" appstreamcli validate --no-net "$share/metainfo/io.github.mensura.Mensura.metainfo.xml"
-check "metainfo names version $version" grep -q "version=\"$version\"" \
-    "$share/metainfo/io.github.mensura.Mensura.metainfo.xml"
+metainfo="$share/metainfo/io.github.mensura.Mensura.metainfo.xml"
+check "metainfo valid" appstreamcli validate --no-net "$metainfo"
+check "metainfo names version $version" grep -q "version=\"$version\"" "$metainfo"
+check "metainfo names the home page" grep -q '<url type="homepage">https://' "$metainfo"
+screenshot_in_repository() { # the software centres' screenshot is a file of this repository
+    local home image
+    home=$(sed -n 's|.*<url type="homepage">\(.*\)</url>.*|\1|p' "$metainfo")
+    image=$(sed -n 's|.*<image>\(.*\)</image>.*|\1|p' "$metainfo")
+    echo "$image"
+    [[ $image == "$home/raw/main/"* ]] && test -s "${image#"$home/raw/main/"}"
+}
+check "metainfo shows a screenshot of this repository" screenshot_in_repository
 check "scalable icon" test -s "$share/icons/hicolor/scalable/apps/mensura.svg"
 for size in 16 22 24 32 48 64 128 256; do
     check "icon ${size}x${size}" png_size "$share/icons/hicolor/${size}x${size}/apps/mensura.png" "$size"

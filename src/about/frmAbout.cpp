@@ -9,6 +9,7 @@
 #include "shell/Dialogs.h"
 
 #include <QFontDatabase>
+#include <QFontInfo>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -32,7 +33,7 @@ constexpr int CaptionId = 5400;
 constexpr int OkId = 5401;
 constexpr int VersionId = 5402; // "Version %1"
 constexpr int CopyrightId = 5403;
-constexpr int EmailId = 5404; // the author's e-mail address
+constexpr int IssuesId = 5404; // the issue tracker, where questions and problems reach us
 // The credits: heading, underline, paragraphs, closing line, signature, date, flag.
 constexpr int CreditsHeadingId = 5410;
 constexpr int CreditsUnderlineId = 5411;
@@ -42,7 +43,7 @@ constexpr int CreditsSignatureId = 5419;
 constexpr int CreditsDateId = 5420;
 constexpr int CreditsFlagId = 5421;
 constexpr int HomePageCaptionId = 5422;
-constexpr int EmailCaptionId = 5423;
+constexpr int IssuesCaptionId = 5423;
 constexpr int Image1NameId = 5424;
 constexpr int Image2NameId = 5425;
 constexpr int PictureNameId = 5426;
@@ -54,6 +55,26 @@ constexpr int IconSize = 64;
 QString linkText(const QString &target)
 {
     return QStringLiteral("<a href=\"%1\">%1</a>").arg(target.toHtmlEscaped());
+}
+
+// The desktop's fixed-pitch font, or, where the font database does not count that one as fixed
+// pitch (Noto Sans Mono has a few wide glyphs, so fontconfig calls it proportional), the first
+// family with Latin letters that it does count, at the same size.
+QFont fixedPitchFont()
+{
+    const QFont system = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    if (QFontInfo(system).fixedPitch())
+        return system;
+    for (const QString &family : QFontDatabase::families(QFontDatabase::Latin)) {
+        if (!QFontDatabase::isFixedPitch(family))
+            continue;
+        QFont font = system;
+        font.setFamilies({ family });
+        const QFontInfo info(font);
+        if (info.fixedPitch() && info.family() == family)
+            return font;
+    }
+    return system;
 }
 
 QLabel *label(QWidget *parent, const char *name)
@@ -184,8 +205,8 @@ void frmAbout::setTexts()
     lblNotice->setText(StringTable::text(NoticeId));
     lblHomePageCaption->setText(StringTable::text(HomePageCaptionId));
     lblHomePage->setText(linkText(StringTable::text(HomePageId)));
-    lblemailCaption->setText(StringTable::text(EmailCaptionId));
-    lblemail->setText(linkText(StringTable::text(EmailId)));
+    lblemailCaption->setText(StringTable::text(IssuesCaptionId));
+    lblemail->setText(linkText(StringTable::text(IssuesId)));
     Image1->setAccessibleName(StringTable::text(Image1NameId));
     Image2->setAccessibleName(StringTable::text(Image2NameId));
     Picture1->setAccessibleName(StringTable::text(PictureNameId));
@@ -201,7 +222,7 @@ void frmAbout::connectControls()
     connect(lblHomePage, &QLabel::linkActivated, this,
         [] { Links::open(StringTable::text(HomePageId)); });
     connect(
-        lblemail, &QLabel::linkActivated, this, [] { Links::open(StringTable::text(EmailId)); });
+        lblemail, &QLabel::linkActivated, this, [] { Links::open(StringTable::text(IssuesId)); });
 }
 
 bool frmAbout::eventFilter(QObject *watched, QEvent *event)
@@ -237,6 +258,9 @@ void frmAbout::Image_MouseDown(
 
 void frmAbout::ToggleCredits()
 {
+    // From the dedication too: the credits take its place.
+    Picture1->setVisible(false);
+    Label4->setVisible(false);
     if (txtCredits->isHidden()) {
         FillCredits();
         txtCredits->setVisible(true);
@@ -265,7 +289,7 @@ void frmAbout::FillCredits()
     cursor.insertText(text);
     // The flag is drawn in text characters: it needs a fixed-pitch font to stay square.
     QTextCharFormat fixed;
-    fixed.setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    fixed.setFont(fixedPitchFont());
     cursor.insertText(StringTable::text(CreditsFlagId), fixed);
     txtCredits->moveCursor(QTextCursor::Start);
 }

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The About window: the program's name, version and copyright with the home page and e-mail
-// links (Frame1). A click on either icon swaps Frame1 for the credits and back; Shift+Ctrl+Alt
-// with a click on the earlier icon shows the dedication picture and its quotation, and a click
-// on the picture returns. A double-click on the version line shows the easter-egg message.
+// The About window: the program's name, version and copyright with two links (Frame1): the home
+// page, and the issue tracker where questions and problems reach the project (lblemail). A click
+// on either icon swaps Frame1 for the credits and back; Shift+Ctrl+Alt with a click on the
+// earlier icon shows the dedication picture and its quotation, and a click on the picture or an
+// icon leaves it. A double-click on the version line shows the easter-egg message.
 #pragma once
 
 #include <QDialog>

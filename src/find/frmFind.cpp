@@ -137,7 +137,7 @@ void frmFind::txtFind_Change()
         lstFind->clearSelection();
     } else {
         lstFind->setCurrentRow(row);
-        lstFind->scrollToItem(lstFind->item(row), QAbstractItemView::PositionAtTop);
+        lstFind->scrollToItem(lstFind->item(row), QAbstractItemView::EnsureVisible);
     }
     m_searching = false;
     cmdGoTo->setEnabled(row >= 0 && !text.isEmpty());

@@ -13,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QStyle>
 #include <QTextBrowser>
@@ -56,10 +57,12 @@ QToolButton *toolButton(QWidget *parent, const char *name, QStyle::StandardPixma
 } // namespace
 
 HelpWindow::HelpWindow(QWidget *anchor)
-    : QWidget(anchor, Qt::Window)
+    : QWidget(nullptr, Qt::Window)
     , m_anchor(anchor)
 {
     setObjectName(QStringLiteral("HelpWindow"));
+    if (anchor)
+        connect(anchor, &QObject::destroyed, this, [this] { delete this; });
     createControls();
     setTexts();
     connectControls();
@@ -245,6 +248,19 @@ bool HelpWindow::eventFilter(QObject *watched, QEvent *event)
         }
     }
     return QWidget::eventFilter(watched, event);
+}
+
+void HelpWindow::changeEvent(QEvent *event)
+{
+    // The topic's colours are the palette's as it was when the topic was read (help.css): under
+    // a new palette the topic is read again, at the place the reader had reached.
+    if (event->type() == QEvent::PaletteChange && txtTopic && !txtTopic->source().isEmpty()) {
+        QScrollBar *bar = txtTopic->verticalScrollBar();
+        const int position = bar->value();
+        txtTopic->reload();
+        bar->setValue(position);
+    }
+    QWidget::changeEvent(event);
 }
 
 void HelpWindow::showFindBar()

@@ -19,8 +19,9 @@ class HelpWindow : public QWidget
     Q_OBJECT
 
 public:
-    // anchor: the window the help stands beside when it is first shown (the main window). It is
-    // also the parent, so the help goes when the main window goes.
+    // anchor: the window the help stands beside when it is first shown (the main window). The
+    // help goes when the anchor goes, but the anchor is not its parent: a dialog modal toward the
+    // anchor would block the help too, and a user reads the help while working in the dialog.
     explicit HelpWindow(QWidget *anchor = nullptr);
 
     // Shows the topic of a context number; a number without a topic shows a page saying so.
@@ -30,6 +31,7 @@ public:
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
     void createControls();

@@ -96,15 +96,23 @@ void StatusPanel::paintEvent(QPaintEvent *event)
 
 void StatusPanel::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        emit clicked();
+    if (event->button() == Qt::LeftButton) {
+        const bool doubleClick = m_releaseEndsDoubleClick;
+        m_releaseEndsDoubleClick = false;
+        if (!doubleClick && rect().contains(event->position().toPoint()))
+            emit clicked();
+    }
     QFrame::mouseReleaseEvent(event);
 }
 
+// Qt may deliver the double-click event before or after the second press (it comes first with
+// Qt 6.4 here): either way the release after it ends the double-click.
 void StatusPanel::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    if (event->button() == Qt::LeftButton)
+    if (event->button() == Qt::LeftButton) {
+        m_releaseEndsDoubleClick = true;
         emit doubleClicked();
+    }
     QFrame::mouseDoubleClickEvent(event);
 }
 

@@ -2,11 +2,13 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // One panel of the main window's status bar: an optional icon and a text, with a tooltip,
-// answering a click and a double-click. Its "enabled" state is a look only: a greyed panel
-// still reports clicks, and the window decides what a click on a greyed panel means (the
-// scientific-notation panel is greyed while the notation is off and turns it on when clicked).
-// When the bar is narrow a panel drops its icon before it would cut its text. The icon is read
-// when the panel is first painted, not when the window is built.
+// answering a click and a double-click. A double-click is a click followed by the double-click,
+// as with the desktop's own controls: press and release make the click, the second press the
+// double-click, and the second release nothing more. Its "enabled" state is a look only: a
+// greyed panel still reports clicks, and the window decides what a click on a greyed panel means
+// (the scientific-notation panel is greyed while the notation is off and turns it on when
+// clicked). When the bar is narrow a panel drops its icon before it would cut its text. The icon
+// is read when the panel is first painted, not when the window is built.
 #pragma once
 
 #include <QFrame>
@@ -50,4 +52,6 @@ private:
     QString m_text;
     int m_minimumWidth = 0;
     bool m_panelEnabled = true;
+    // Set by a double-click: the release that ends it is no second click.
+    bool m_releaseEndsDoubleClick = false;
 };

@@ -1389,6 +1389,8 @@ void frmMain::mnuRecordsFind_Click()
         mnualwaystoponoff[1]->trigger();
     frmFind dialog(m_catalogue, m_session, m_dialogs, *this, this);
     connect(&dialog, &frmFind::helpRequested, this, &frmMain::showHelp);
+    // Modal toward this window only: the help window stays usable beside the dialog.
+    dialog.setWindowModality(Qt::WindowModal);
     dialog.exec();
 }
 
@@ -1410,6 +1412,7 @@ void frmMain::mnufilesetopt_Click()
     frmSetOpt dialog(m_catalogue, m_settings, m_session, m_store, m_dialogs, this);
     connect(&dialog, &frmSetOpt::helpRequested, this, &frmMain::helpRequested);
     QApplication::restoreOverrideCursor();
+    dialog.setWindowModality(Qt::WindowModal);
     const bool accepted = dialog.exec() == QDialog::Accepted;
     if (onTop)
         setTopmost(true);
@@ -1443,6 +1446,7 @@ void frmMain::mnuhelpabout_Click()
     if (onTop)
         setTopmost(false);
     frmAbout about(m_dialogs, this);
+    about.setWindowModality(Qt::WindowModal);
     about.exec();
     if (onTop)
         setTopmost(true);

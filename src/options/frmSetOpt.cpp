@@ -573,6 +573,8 @@ void frmSetOpt::connectControls()
         box->installEventFilter(this);
 
     connect(treeMain, &QTreeWidget::currentItemChanged, this, [this] { UpdateProperties(); });
+    // A click on the node that is selected already shows it afresh (after a rename, say).
+    connect(treeMain, &QTreeWidget::itemClicked, this, [this] { UpdateProperties(); });
     connect(txtName, &QLineEdit::textChanged, this, &frmSetOpt::txtName_Change);
     connect(txtConvFactor, &QLineEdit::textChanged, this, &frmSetOpt::txtConvFactor_Change);
     connect(chkExact, &QCheckBox::clicked, this, &frmSetOpt::chkExact_Click);

@@ -21,6 +21,7 @@
 #include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QListView>
 #include <QMenuBar>
 #include <QProgressDialog>
@@ -356,6 +357,21 @@ void frmConvRecords::savePlacement()
 void frmConvRecords::showEvent(QShowEvent *event)
 {
     m_everShown = true;
+    // Never so narrow that the status bar cuts the count or the message (the first one, or a
+    // selection text) of a list of up to 999 lines. The size grip is there only from now on, and
+    // the bar's inner layout may still hold the sizes its labels had before they got their
+    // texts: activating it measures them again.
+    const QFontMetrics metrics = mainmessage->fontMetrics();
+    const QString count
+        = QStringLiteral("999") + StringTable::text(StringId::MarkedConversionsCount);
+    const QString selection
+        = QStringLiteral("999") + StringTable::text(StringId::SomeSelected) + count;
+    mainmessage->setMinimumWidth(qMax(metrics.horizontalAdvance(selection),
+        metrics.horizontalAdvance(StringTable::text(StringId::StartMessage))));
+    numconvs->setMinimumWidth(numconvs->fontMetrics().horizontalAdvance(count));
+    statusBar()->layout()->activate();
+    statusBar()->setMinimumWidth(statusBar()->minimumSizeHint().width());
+    layout()->activate();
     QMainWindow::showEvent(event);
 }
 
@@ -442,6 +458,9 @@ void frmConvRecords::updateCountPanels()
 {
     const int n = count();
     numconvs->setText(QString::number(n) + StringTable::text(StringId::MarkedConversionsCount));
+    // The selection signals of a deletion come before the lines go: count again.
+    if (m_selectionTextShown)
+        lstConvRecords_Click();
     m_mainWindow.markedCountChanged(n);
 }
 
@@ -477,6 +496,7 @@ void frmConvRecords::lstConvRecords_Click()
     else
         mainmessage->setText(
             QString::number(selected) + StringTable::text(StringId::SomeSelected) + total);
+    m_selectionTextShown = true;
 }
 
 // Menus are enabled when they open: commands on all lines need a line, commands on the
@@ -631,6 +651,7 @@ void frmConvRecords::SaveRecords(Mode mode)
         break;
     case ConversionsFile::WriteResult::Cancelled:
         mainmessage->setText(StringTable::text(StringId::SaveCancelled));
+        m_selectionTextShown = false;
         break;
     case ConversionsFile::WriteResult::Failed:
         m_dialogs.message(this,
@@ -722,6 +743,7 @@ bool frmConvRecords::reportProgress(qint64 done, qint64 total)
 {
     const int percent = total > 0 ? int(qRound64(100.0 * double(done) / double(total))) : 100;
     mainmessage->setText(QString::number(percent) + u'%' + StringTable::text(StringId::Done));
+    m_selectionTextShown = false;
     if (m_progress)
         m_progress->setValue(qMin(percent, 99));
     emit progressed(percent);

@@ -165,6 +165,8 @@ private:
     int m_rowHeight = 0;
     bool m_shownWithMainWindow = false;
     bool m_everShown = false;
+    // The status bar shows the selection text, which counts the lines too.
+    bool m_selectionTextShown = false;
 
     QProgressDialog *m_progress = nullptr;
     bool m_cancelRequested = false;

@@ -45,7 +45,7 @@ private Q_SLOTS:
     void dedicationShowsPictureAndQuotationAndAClickReturns();
     void rightButtonDoesNothing();
     void doubleClickOnTheVersionShowsTheEasterMessage();
-    void linksOpenHomePageAndMail();
+    void linksOpenHomePageAndIssueTracker();
 
 private:
     enum Face { Normal, Credits, Dedication };
@@ -204,6 +204,16 @@ void tst_frmAbout::dedicationShowsPictureAndQuotationAndAClickReturns()
 
     press(picture);
     QCOMPARE(face(), Normal);
+
+    // An icon click swaps the dedication for the credits, as it swaps the normal content.
+    press(control<QLabel>("Image2"), Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
+    press(control<QLabel>("Image1"));
+    QCOMPARE(face(), Credits);
+    press(control<QLabel>("Image1"));
+    QCOMPARE(face(), Normal);
+    QVERIFY(!control<QLabel>("lblHomePage")
+                 ->geometry()
+                 .intersects(control<QLabel>("lblemail")->geometry()));
 }
 
 void tst_frmAbout::rightButtonDoesNothing()
@@ -223,7 +233,7 @@ void tst_frmAbout::doubleClickOnTheVersionShowsTheEasterMessage()
     QCOMPARE(m_dialogs.notices().first().icon, Notice::Information);
 }
 
-void tst_frmAbout::linksOpenHomePageAndMail()
+void tst_frmAbout::linksOpenHomePageAndIssueTracker()
 {
     UrlCatcher catcher;
     for (const char *scheme : { "http", "https", "mailto" })
@@ -235,8 +245,9 @@ void tst_frmAbout::linksOpenHomePageAndMail()
     for (const char *scheme : { "http", "https", "mailto" })
         QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
 
-    const QList<QUrl> expected { QUrl(QStringLiteral("mailto:") + StringTable::text(5404)),
-        QUrl(QStringLiteral("http://") + StringTable::text(19)) };
+    // The second link reaches the project: its issue tracker, on the home page's host.
+    const QString homePage = QStringLiteral("http://") + StringTable::text(19);
+    const QList<QUrl> expected { QUrl(homePage + QStringLiteral("/issues")), QUrl(homePage) };
     QCOMPARE(catcher.opened, expected);
 }
 

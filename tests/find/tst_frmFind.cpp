@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
 #include <QTest>
@@ -28,6 +29,8 @@ private Q_SLOTS:
     void typingSelectsTheFirstMatch();
     void clearedTextDisablesGoToWithALineStillSelected();
     void clickingALineCopiesItIntoTheTextBox();
+    void clickingALineScrollsNoFurtherThanNeeded_data();
+    void clickingALineScrollsNoFurtherThanNeeded();
     void goToSelectsQuantityAndUnitAndCloses();
     void enterInTheListGoesToTheUnit();
     void enterInTheListDoesNothingWhileGoToIsDisabled();
@@ -151,6 +154,42 @@ void tst_frmFind::clickingALineCopiesItIntoTheTextBox()
     QCOMPARE(txtFind->text(), item->text());
     QCOMPARE(selectedLine(), item->text());
     QVERIFY(cmdGoTo->isEnabled());
+}
+
+void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded_data()
+{
+    // Where the click goes, as a share of the list's height from its top.
+    QTest::addColumn<double>("height");
+    QTest::newRow("a line in the middle of the list") << 0.5;
+    QTest::newRow("a line cut off at the bottom edge") << 1.0;
+}
+
+void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded()
+{
+    QFETCH(double, height);
+    QStringList units;
+    for (int i = 1; i <= 55; ++i) // as many as a quantity holds
+        units.append(QStringLiteral("unit %1").arg(i));
+    m_catalogue = makeCatalogue({ { QStringLiteral("Length"), units } });
+    m_find = std::make_unique<frmFind>(m_catalogue, m_session, m_dialogs, *m_main);
+    m_find->show();
+    QVERIFY(QTest::qWaitForWindowExposed(m_find.get()));
+    lstFind = m_find->findChild<QListWidget *>(QStringLiteral("lstFind"));
+    txtFind = m_find->findChild<QLineEdit *>(QStringLiteral("txtFind"));
+    QWidget *viewport = lstFind->viewport();
+    QTest::mouseClick(lstFind->verticalScrollBar(), Qt::LeftButton, {},
+        lstFind->verticalScrollBar()->rect().bottomLeft() + QPoint(2, -20)); // a page down
+    const QPoint click(4, qMin(int(height * viewport->height()), viewport->height() - 1));
+    QListWidgetItem *item = lstFind->itemAt(click);
+    QVERIFY(item);
+    const QRect before = lstFind->visualItemRect(item);
+
+    QTest::mouseClick(viewport, Qt::LeftButton, {}, click);
+    QCOMPARE(txtFind->text(), item->text());
+    const QRect after = lstFind->visualItemRect(item);
+    QVERIFY(viewport->rect().contains(after));
+    QVERIFY2(after.top() >= before.top() - after.height(),
+        qPrintable(QStringLiteral("line moved from %1 to %2").arg(before.top()).arg(after.top())));
 }
 
 void tst_frmFind::goToSelectsQuantityAndUnitAndCloses()

@@ -2,20 +2,31 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The help: every context number the program asks for opens its topic, every link of every
-// topic leads somewhere, and the window's history and find bar work.
+// topic leads somewhere, the window's history and find bar work, the topics read well under a
+// light and a dark palette, and the help stays usable while a dialog of the program is open.
 #include "catalogue/StringTable.h"
 #include "help/HelpTopics.h"
 #include "help/HelpWindow.h"
+#include "support/ScriptedDialogs.h"
+#include "support/TestHive.h"
+#include "support/TestProgram.h"
 
+#include <cmath>
+#include <QAbstractTextDocumentLayout>
+#include <QAction>
+#include <QApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QSet>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextBrowser>
+#include <QTextTable>
+#include <QTimer>
 #include <QToolButton>
 
 namespace
@@ -41,6 +52,45 @@ QStringList hrefs(const QString &html)
 QStringList topicFiles()
 {
     return QDir(QStringLiteral(":/help")).entryList({ QStringLiteral("*.html") }, QDir::Files);
+}
+
+// The contrast ratio of two colours as the Web Content Accessibility Guidelines define it.
+double contrast(const QColor &one, const QColor &other)
+{
+    const auto luminance = [](const QColor &colour) {
+        const auto linear = [](double c) {
+            return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF())
+            + 0.0722 * linear(colour.blueF());
+    };
+    const double a = luminance(one) + 0.05;
+    const double b = luminance(other) + 0.05;
+    return a > b ? a / b : b / a;
+}
+
+// The first piece of text of the shown topic whose colour is hard to read on its background.
+QString hardToRead(QTextBrowser *topic, double least)
+{
+    const QPalette palette = topic->palette();
+    for (QTextBlock block = topic->document()->begin(); block.isValid(); block = block.next()) {
+        QBrush background = block.blockFormat().background();
+        if (background.style() == Qt::NoBrush) {
+            const QTextCursor cursor(block);
+            if (const QTextTable *table = cursor.currentTable())
+                background = table->cellAt(cursor).format().background();
+        }
+        const QColor behind = background.style() == Qt::NoBrush ? palette.color(QPalette::Base)
+                                                                : background.color();
+        for (auto it = block.begin(); !it.atEnd(); ++it) {
+            const QBrush foreground = it.fragment().charFormat().foreground();
+            const QColor text = foreground.style() == Qt::NoBrush ? palette.color(QPalette::Text)
+                                                                  : foreground.color();
+            if (!it.fragment().text().trimmed().isEmpty() && contrast(text, behind) < least)
+                return it.fragment().text();
+        }
+    }
+    return QString();
 }
 } // namespace
 
@@ -73,6 +123,11 @@ private Q_SLOTS:
     void backAndForwardFollowTheTopicsShown();
     void findBarFindsInThePage();
     void standsBesideItsAnchor();
+    void usableBesideADialog_data();
+    void usableBesideADialog();
+    void readableInTheDesktopsPalette_data();
+    void readableInTheDesktopsPalette();
+    void writtenOutNumbersKeepTheirDigitGroups();
 
 private:
     std::unique_ptr<QWidget> m_anchor;
@@ -292,6 +347,119 @@ void tst_HelpWindow::standsBesideItsAnchor()
                        .arg(help.y())
                        .arg(help.width())
                        .arg(help.height())));
+}
+
+void tst_HelpWindow::usableBesideADialog_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("helpButton");
+
+    QTest::newRow("options dialog, its tutorial button") << "mnufilesetopt"
+                                                         << "cmdTutorial";
+    QTest::newRow("find dialog, its help button") << "mnuRecordsFind"
+                                                  << "cmdHelp";
+    QTest::newRow("About window, help opened before it") << "mnuhelpabout" << QString();
+}
+
+// The help is clicked through the window system, where a window blocked by a modal dialog
+// gets no input, as a user clicks it.
+void tst_HelpWindow::usableBesideADialog()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, helpButton);
+    TestHive hive;
+    hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    ScriptedDialogs dialogs;
+    TestProgram program(hive, dialogs);
+    QVERIFY(program.start());
+    QVERIFY(QTest::qWaitForWindowExposed(program.window()));
+    if (helpButton.isEmpty())
+        program.find<QAction *>("mnuviewmetric")->trigger();
+
+    QWidget *dialog = nullptr;
+    QUrl shown;
+    bool figuresChanged = true;
+    QTimer::singleShot(0, this, [&] {
+        dialog = QApplication::activeModalWidget();
+        if (!dialog)
+            return;
+        if (!helpButton.isEmpty())
+            QTest::mouseClick(dialog->findChild<QWidget *>(helpButton), Qt::LeftButton);
+        QWidget *help = nullptr;
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == QLatin1String("HelpWindow") && window->isVisible())
+                help = window;
+        }
+        if (help && QTest::qWaitForWindowExposed(help)) {
+            auto *contents = help->findChild<QWidget *>(QStringLiteral("cmdContents"));
+            QTest::mouseClick(help->windowHandle(), Qt::LeftButton, {},
+                contents->mapTo(help, contents->rect().center()));
+            shown = help->findChild<QTextBrowser *>(QStringLiteral("txtTopic"))->source();
+        }
+        // The main window stays out of reach while the dialog is open.
+        auto *increase = program.find<QWidget *>("cmdIncreaseSigFigs");
+        const int figures = program.startup().settings().SigFigs;
+        QTest::mouseClick(program.window()->windowHandle(), Qt::LeftButton, {},
+            increase->mapTo(program.window(), increase->rect().center()));
+        figuresChanged = program.startup().settings().SigFigs != figures;
+        dialog->close();
+    });
+    program.find<QAction *>(qPrintable(command))->trigger();
+    QVERIFY(dialog);
+    QCOMPARE(shown, HelpTopics::contentsUrl());
+    QVERIFY(!figuresChanged);
+}
+
+void tst_HelpWindow::readableInTheDesktopsPalette_data()
+{
+    QTest::addColumn<bool>("dark");
+    QTest::newRow("light palette") << false;
+    QTest::newRow("dark palette") << true;
+}
+
+void tst_HelpWindow::readableInTheDesktopsPalette()
+{
+    QFETCH(bool, dark);
+    const QPalette kept = QApplication::palette();
+    const auto restore = qScopeGuard([kept] { QApplication::setPalette(kept); });
+    // A topic is open when the desktop changes its palette.
+    m_help->showContext(HelpTopics::MetricPrefixes);
+    if (dark) {
+        QPalette palette = kept;
+        for (auto [role, colour] : { std::pair { QPalette::Window, QColor(53, 53, 53) },
+                 { QPalette::WindowText, Qt::white }, { QPalette::Base, QColor(35, 35, 35) },
+                 { QPalette::AlternateBase, QColor(53, 53, 53) }, { QPalette::Text, Qt::white },
+                 { QPalette::Button, QColor(53, 53, 53) }, { QPalette::ButtonText, Qt::white },
+                 { QPalette::Link, QColor(42, 130, 218) },
+                 { QPalette::Highlight, QColor(42, 130, 218) } })
+            palette.setColor(role, colour);
+        QApplication::setPalette(palette);
+        QCoreApplication::processEvents(); // the windows learn of it through the event loop
+    }
+    // Three to one, the least contrast for large text in the Web Content Accessibility
+    // Guidelines: headings are large, and body text has far more than this.
+    QCOMPARE(hardToRead(m_topic, 3.0), QString());
+    for (const QString &file : topicFiles()) {
+        m_topic->setSource(HelpTopics::baseUrl().resolved(QUrl(file)));
+        QVERIFY2(hardToRead(m_topic, 3.0).isEmpty(),
+            qPrintable(file + QStringLiteral(": ") + hardToRead(m_topic, 3.0)));
+    }
+}
+
+void tst_HelpWindow::writtenOutNumbersKeepTheirDigitGroups()
+{
+    m_help->showContext(HelpTopics::MetricPrefixes); // at the window's first size
+    QVERIFY(QTest::qWaitForWindowExposed(m_help));
+    m_topic->document()->documentLayout()->documentSize(); // laid out to the end
+    static const QRegularExpression number(QStringLiteral("^[0-9.]+(\\x{a0}[0-9]{3})+$"));
+    int numbers = 0;
+    for (QTextBlock block = m_topic->document()->begin(); block.isValid(); block = block.next()) {
+        if (!number.match(block.text()).hasMatch())
+            continue;
+        ++numbers;
+        QVERIFY2(block.layout()->lineCount() == 1, qPrintable(block.text()));
+    }
+    QVERIFY(numbers > 20);
 }
 
 QTEST_MAIN(tst_HelpWindow)

@@ -81,6 +81,8 @@ private slots:
     void fileAndToolsRules();
     void markAddAllAndDelete();
     void scientificPanelToggles();
+    void doubleClickOnAPanelIsOneClick_data();
+    void doubleClickOnAPanelIsOneClick();
     void overflowChangesNothingElse();
     void helpLines();
     void rightClickLeavesSelection();
@@ -800,6 +802,30 @@ void tst_frmMain::scientificPanelToggles()
     QCOMPARE(result()->text(), QStringLiteral("1.440000E+2"));
     QTest::mouseClick(panel(4), Qt::LeftButton);
     QCOMPARE(result()->text(), QStringLiteral("144.0000"));
+}
+
+void tst_frmMain::doubleClickOnAPanelIsOneClick_data()
+{
+    QTest::addColumn<int>("n");
+    QTest::addColumn<int>("marked");
+    QTest::addColumn<bool>("scientific");
+    QTest::newRow("Mark marks the conversion once") << 2 << 1 << false;
+    QTest::newRow("Sci turns scientific notation on") << 4 << 0 << true;
+}
+
+void tst_frmMain::doubleClickOnAPanelIsOneClick()
+{
+    QFETCH(int, n);
+    QFETCH(int, marked);
+    QFETCH(bool, scientific);
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    // Through the window system, which makes press, release, press, double-click, release.
+    frmMain *window = m_program->window();
+    QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {},
+        panel(n)->mapTo(window, panel(n)->rect().center()));
+    QCOMPARE(int(window->markedConversions().size()), marked);
+    QCOMPARE(m_program->startup().settings().Scientific, scientific);
 }
 
 void tst_frmMain::overflowChangesNothingElse()

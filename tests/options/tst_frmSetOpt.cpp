@@ -24,6 +24,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
@@ -670,6 +671,15 @@ void tst_frmSetOpt::renamedQuantityKeepsItsKey()
     QTest::keyClicks(name, QStringLiteral("Gizmos"));
     QCOMPARE(quantity->text(0), QStringLiteral("Gizmos"));
     QCOMPARE(quantity->data(0, frmSetOpt::KeyRole).toString(), QStringLiteral("pWidgets"));
+    // A click on the node, selected already, shows its properties under the new name.
+    auto *tree = control<QTreeWidget>("treeMain");
+    tree->scrollToItem(quantity);
+    QTest::mouseClick(
+        tree->viewport(), Qt::LeftButton, {}, tree->visualItemRect(quantity).center());
+    QVERIFY2(control<QPlainTextEdit>("txtComments")
+                 ->toPlainText()
+                 .startsWith(QStringLiteral("Gizmos has 1 unit.")),
+        qPrintable(control<QPlainTextEdit>("txtComments")->toPlainText()));
 
     answerInputs({ QStringLiteral("Widgets") });
     control<QPushButton>("cmdAddNewPhysQuan")->click();

@@ -64,6 +64,7 @@ private slots:
     void longLinesScrollIntoView();
     void closingHidesAndKeepsTheList();
     void helpButtonAsksForItsTopic();
+    void statusBarIsWholeAtTheDefaultSize();
     void placement_data();
     void placement();
 
@@ -317,6 +318,9 @@ void tst_frmConvRecords::deleteSelected()
     QCOMPARE(window->conversions(), expected);
     QCOMPARE(shownLines(), expectedLines);
     QCOMPARE(panel("numconvs"), QStringLiteral("%1 marked conversion(s) ").arg(kept.size()));
+    QVERIFY2(panel("mainmessage")
+                 .endsWith(QStringLiteral(" out of %1 marked conversion(s) ").arg(kept.size())),
+        qPrintable(panel("mainmessage")));
     QCOMPARE(mainWindow->counts.last(), kept.size());
 }
 
@@ -657,6 +661,22 @@ void tst_frmConvRecords::helpButtonAsksForItsTopic()
     window->findChild<QPushButton *>("cmdHelp")->click();
     QCOMPARE(help.size(), 1);
     QCOMPARE(HelpTopics::topicFile(help[0][0].toInt()), QStringLiteral("marked.html"));
+}
+
+void tst_frmConvRecords::statusBarIsWholeAtTheDefaultSize()
+{
+    window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    const auto *message = window->findChild<QLabel *>("mainmessage");
+    const auto *count = window->findChild<QLabel *>("numconvs");
+    for (const QList<int> &rows : { QList<int>(), QList<int> { 0, 1 } }) {
+        select(rows);
+        QVERIFY2(message->width() >= message->fontMetrics().horizontalAdvance(message->text()),
+            qPrintable(message->text()));
+        QVERIFY(count->width() >= count->minimumSizeHint().width());
+        QVERIFY(message->geometry().right() < count->geometry().left());
+        addNumbered(120);
+    }
 }
 
 void tst_frmConvRecords::placement_data()
