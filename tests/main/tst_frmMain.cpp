@@ -482,7 +482,10 @@ void tst_frmMain::standardKeys()
     if (command == u"find") {
         QVERIFY(found);
     } else if (command == u"help") {
-        const auto *topic = m_program->window()->findChild<QTextBrowser *>("txtTopic");
+        const QTextBrowser *topic = nullptr;
+        for (const QWidget *window : QApplication::topLevelWidgets())
+            if (window->objectName() == u"HelpWindow")
+                topic = window->findChild<QTextBrowser *>("txtTopic");
         QVERIFY(topic && topic->isVisible());
         QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
         // The menu item itself opens the contents.
