@@ -14,6 +14,7 @@
 #include "help/ShellProgramRunner.h"
 #include "main/FiguresIndicator.h"
 #include "main/MainWindowHook.h"
+#include "main/MainWindowSession.h"
 #include "main/MainWindowStrings.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
@@ -57,33 +58,10 @@
 #include <qt_windows.h>
 #endif
 
-// The window's own values in the "settings" key; the options live in Settings.
-namespace Value
-{
-const QString WindowState = QStringLiteral("windowstate");
-const QString Left = QStringLiteral("left");
-const QString Top = QStringLiteral("top");
-const QString Width = QStringLiteral("width");
-const QString Height = QStringLiteral("height");
-const QString LastQuantity = QStringLiteral("currphysquan");
-const QString LastValue = QStringLiteral("currvalue");
-const QString LastUnit1 = QStringLiteral("currunit1");
-const QString LastUnit2 = QStringLiteral("currunit2");
-} // namespace Value
-
 namespace
 {
 
-// "windowstate": these codes, not the toolkit's own numbers, are what is stored.
-const QString Normal = QStringLiteral("0");
-const QString Maximised = QStringLiteral("1");
-const QString Minimised = QStringLiteral("2");
-
 constexpr int HistorySize = 10;
-constexpr int DefaultLeftTwips = 200;
-constexpr int DefaultTopTwips = 200;
-constexpr int DefaultWidthTwips = 9250;
-constexpr int HeightBelowScreenTwips = 800;
 constexpr int DecimalsPanelMinimumTwips = 1500;
 constexpr int ScientificPanelTwips = 500;
 
@@ -122,6 +100,7 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     , m_store(store)
     , m_dialogs(dialogs)
     , m_engine(catalogue, settings, session)
+    , m_windowSession(store, dialogs)
 {
     setObjectName(QStringLiteral("frmMain"));
     // The menus need no fonts yet: made first, they overlap the font database's set-up on
@@ -721,42 +700,18 @@ void frmMain::optionsChanged()
 
 void frmMain::showInSavedState()
 {
-    // A stored text that is no number is reported as the run-time error it is, and the
-    // default is used instead.
-    const auto read = [this](const QString &name, int defaultValue) {
-        const QString stored
-            = m_store.RegReadString(Settings::Section, name, QString::number(defaultValue));
-        try {
-            return NumberText::toInt32(stored);
-        } catch (RuntimeError &error) {
-            error.detail = text(MainText::SettingNotANumber)
-                               .arg(name, stored, QString::number(defaultValue));
-            m_dialogs.message(this, Notice { Notice::NoIcon, error.messageText(), QString() });
-            return defaultValue;
-        }
-    };
-    const qreal dpiX = dotsPerInchX();
-    const qreal dpiY = dotsPerInchY();
     const QScreen *primary = screen();
-    const int screenTwips
-        = primary ? WindowPlacement::pixelsToTwips(primary->geometry().height(), dpiY) : 9000;
-    const int left = read(Value::Left, DefaultLeftTwips);
-    const int top = read(Value::Top, DefaultTopTwips);
-    const int width = read(Value::Width, DefaultWidthTwips);
-    const int height = read(Value::Height, screenTwips - HeightBelowScreenTwips);
-    const int state = read(Value::WindowState, 0);
-
-    const QRect saved(WindowPlacement::twipsToPixels(left, dpiX),
-        WindowPlacement::twipsToPixels(top, dpiY), WindowPlacement::twipsToPixels(width, dpiX),
-        WindowPlacement::twipsToPixels(height, dpiY));
+    const MainWindowSession::Placement saved = m_windowSession.readPlacement(
+        this, dotsPerInchX(), dotsPerInchY(), primary ? primary->geometry().height() : 600);
     // The saved position is the frame's; the frame's own edges are known once it is shown.
-    const QRect placed = WindowPlacement::fitToScreens(saved, WindowPlacement::availableScreens());
+    const QRect placed
+        = WindowPlacement::fitToScreens(saved.frame, WindowPlacement::availableScreens());
     resize(placed.size().expandedTo(minimumSize()));
     move(placed.topLeft());
 
-    if (state == Maximised.toInt())
+    if (saved.state == Qt::WindowMaximized)
         showMaximized();
-    else if (state == Minimised.toInt())
+    else if (saved.state == Qt::WindowMinimized)
         showMinimized();
     else
         show();
@@ -766,18 +721,7 @@ void frmMain::showInSavedState()
 
 void frmMain::reportStoreFailure()
 {
-    if (m_storeFailureReported || !m_store.saveFailed())
-        return;
-    m_storeFailureReported = true;
-    const QString detail = m_store.errorText();
-    const auto *hive = dynamic_cast<const HiveFile *>(&m_store.backend());
-    const QString where = hive ? QDir::toNativeSeparators(hive->fileName())
-                               : QStringLiteral("HKEY_CURRENT_USER\\") + SettingsStore::ProductKey;
-    QString message = text(MainText::StoreNotWritable).arg(where);
-    if (!detail.isEmpty())
-        message += QStringLiteral("\n\n") + detail;
-    m_dialogs.message(
-        isVisible() ? this : nullptr, Notice { Notice::Exclamation, message, QString() });
+    m_windowSession.reportStoreFailure(isVisible() ? this : nullptr);
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -1577,41 +1521,17 @@ void frmMain::closeEvent(QCloseEvent *event)
 
 void frmMain::saveSession()
 {
-    {
-        const SettingsStore::Batch batch(m_store);
-        // In the tray the window is minimised only to leave the task bar: it comes back as it was.
-        Qt::WindowStates state = windowState();
-        if (isInTray())
-            state &= ~Qt::WindowMinimized;
-        const QString code = state.testFlag(Qt::WindowMinimized) ? Minimised
-            : state.testFlag(Qt::WindowMaximized)                ? Maximised
-                                                                 : Normal;
-        m_store.RegWriteString(Settings::Section, Value::WindowState, code);
-        if (code == Normal) {
-            const qreal dpiX = dotsPerInchX();
-            const qreal dpiY = dotsPerInchY();
-            // The frame's position and the inside size: what move() and resize() take back.
-            const auto write = [this](const QString &name, int twips) {
-                m_store.RegWriteString(Settings::Section, name, QString::number(twips));
-            };
-            write(Value::Left, WindowPlacement::pixelsToTwips(x(), dpiX));
-            write(Value::Top, WindowPlacement::pixelsToTwips(y(), dpiY));
-            write(Value::Width, WindowPlacement::pixelsToTwips(width(), dpiX));
-            write(Value::Height, WindowPlacement::pixelsToTwips(height(), dpiY));
-        }
-        const int q = m_catalogue.CurrentQuantity;
-        if (m_catalogue.QuantityCount > 0 && m_settings.RememberLast && q >= 1
-            && q <= m_catalogue.QuantityCount) {
-            m_store.RegWriteString(
-                Settings::Section, Value::LastQuantity, m_catalogue.Quantities.at(q).Name);
-            m_store.RegWriteString(Settings::Section, Value::LastValue, txtLeft->currentText());
-            m_store.RegWriteString(Settings::Section, Value::LastUnit1, selectedText(lstLeft));
-            m_store.RegWriteString(Settings::Section, Value::LastUnit2, selectedText(lstRight));
-        }
-        m_settings.save(m_store, QStringLiteral("scientific"));
-        m_settings.save(m_store, QStringLiteral("numericformatting"));
-    }
-    m_store.close();
+    // In the tray the window is minimised only to leave the task bar: it comes back as it was.
+    Qt::WindowStates state = windowState();
+    if (isInTray())
+        state &= ~Qt::WindowMinimized;
+    const int q = m_catalogue.CurrentQuantity;
+    const bool current = m_catalogue.QuantityCount > 0 && q >= 1 && q <= m_catalogue.QuantityCount;
+    // The frame's position and the inside size: what move() and resize() take back.
+    m_windowSession.save(
+        { state, QRect(pos(), size()), current ? m_catalogue.Quantities.at(q).Name : QString(),
+            txtLeft->currentText(), selectedText(lstLeft), selectedText(lstRight) },
+        m_settings, dotsPerInchX(), dotsPerInchY());
     reportStoreFailure();
 }
 

@@ -19,6 +19,7 @@
 
 #include "convert/ConversionEngine.h"
 #include "main/MainWindowControl.h"
+#include "main/MainWindowSession.h"
 #include "records/MarkedConversion.h"
 
 #include <QHash>
@@ -217,6 +218,7 @@ private:
     SettingsStore &m_store;
     Dialogs &m_dialogs;
     ConversionEngine m_engine;
+    MainWindowSession m_windowSession;
     HelpWindow *m_helpWindow = nullptr;
 
     // Controls, named as their objectName (the status panels are StatusBarPanel1 .. 4, the
@@ -294,6 +296,5 @@ private:
     bool m_convRecordsInTray = false; // hidden with the main window, to come back with it
     ValueEdit *m_valueEdit = nullptr;
     bool m_buildingTabs = false;
-    bool m_storeFailureReported = false;
     bool m_unloaded = false;
 };
