@@ -977,12 +977,6 @@ void frmMain::changeSigFigs(int step)
 // ---------------------------------------------------------------------------------------------
 // Clipboard and the label shortcuts
 
-bool frmMain::clipboardHasNumber() const
-{
-    const QMimeData *data = QGuiApplication::clipboard()->mimeData();
-    return data && data->hasText() && NumberText::leadingNumber(data->text()) != 0;
-}
-
 void frmMain::mnueditedit_Click(int item)
 {
     if (item == 0)
@@ -1057,32 +1051,42 @@ void frmMain::mnueditswitch_Click()
 // ---------------------------------------------------------------------------------------------
 // Menu rules, applied when a menu opens
 
+MenuRules::State frmMain::menuState() const
+{
+    MenuRules::State state;
+    state.value = txtLeft->currentText();
+    state.result = txtRight->text();
+    state.leftUnit = !selectedText(lstLeft).isEmpty();
+    state.rightUnit = !selectedText(lstRight).isEmpty();
+    state.markEnabled = mnurecordsadd->isEnabled();
+    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
+    if (clipboard && clipboard->hasText())
+        state.clipboard = clipboard->text();
+    return state;
+}
+
 void frmMain::applyEditRule()
 {
-    const QString result = txtRight->text();
-    const bool copy = !result.isEmpty() && !result.contains(u'C') && !result.contains(u'<');
-    const bool swap = !selectedText(lstLeft).isEmpty() && !selectedText(lstRight).isEmpty();
-    const bool paste = clipboardHasNumber();
-    mnueditedit[0]->setEnabled(copy);
-    mnuview2edit[0]->setEnabled(copy);
-    mnueditedit[1]->setEnabled(paste);
-    mnuview2edit[1]->setEnabled(paste);
-    mnueditswitch->setEnabled(swap);
-    mnuview2switch->setEnabled(swap);
-    mnueditCopyWholeConv->setEnabled(mnurecordsadd->isEnabled());
+    const MenuRules::Edit rule = MenuRules::edit(menuState());
+    mnueditedit[0]->setEnabled(rule.copyValue);
+    mnuview2edit[0]->setEnabled(rule.copyValue);
+    mnueditedit[1]->setEnabled(rule.paste);
+    mnuview2edit[1]->setEnabled(rule.paste);
+    mnueditswitch->setEnabled(rule.swap);
+    mnuview2switch->setEnabled(rule.swap);
+    mnueditCopyWholeConv->setEnabled(rule.copyWholeConversion);
 }
 
 void frmMain::applyFileRule()
 {
-    const bool ready = !txtLeft->currentText().isEmpty() && !selectedText(lstLeft).isEmpty();
+    const bool ready = MenuRules::file(menuState());
     mnuFilePrintAllConvForItem->setEnabled(ready);
     mnuFileSaveAllConvForItem->setEnabled(ready);
 }
 
 void frmMain::applyToolsRule()
 {
-    mnurecordsAddAll->setEnabled(
-        !txtLeft->currentText().isEmpty() && !selectedText(lstLeft).isEmpty());
+    mnurecordsAddAll->setEnabled(MenuRules::tools(menuState()));
 }
 
 void frmMain::mnuFile_Open()

@@ -20,6 +20,7 @@
 #include "convert/ConversionEngine.h"
 #include "main/MainWindowControl.h"
 #include "main/MainWindowSession.h"
+#include "main/MenuRules.h"
 #include "records/MarkedConversion.h"
 
 #include <QHash>
@@ -179,6 +180,8 @@ private:
     void FillUnitLists(int q);
     void AddNumberToComboBox();
     void RecordConversion();
+    // What the menu rules look at.
+    MenuRules::State menuState() const;
     void applyEditRule();
     void applyFileRule();
     void applyToolsRule();
@@ -208,7 +211,6 @@ private:
     static int rowOf(const QListWidget *list, const QString &text);
     static QString selectedText(const QListWidget *list);
 
-    bool clipboardHasNumber() const;
     qreal dotsPerInchX() const;
     qreal dotsPerInchY() const;
 
