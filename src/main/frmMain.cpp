@@ -12,6 +12,7 @@
 #include "help/HelpWindow.h"
 #include "help/Links.h"
 #include "help/ShellProgramRunner.h"
+#include "main/Clipboard.h"
 #include "main/FiguresIndicator.h"
 #include "main/MainWindowHook.h"
 #include "main/MainWindowSession.h"
@@ -26,7 +27,6 @@
 #include "records/UnitReport.h"
 #include "records/UnitReportCommands.h"
 #include "shell/Dialogs.h"
-#include "shell/HiveFile.h"
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
@@ -34,18 +34,15 @@
 #include <QAction>
 #include <QActionGroup>
 #include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QCollator>
 #include <QComboBox>
-#include <QDir>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
-#include <QMimeData>
 #include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
@@ -987,23 +984,18 @@ void frmMain::mnueditedit_Click(int item)
 
 void frmMain::copyConvertedValue()
 {
-    QClipboard *clipboard = QGuiApplication::clipboard();
-    clipboard->clear();
-    clipboard->setText(txtRight->text());
+    Clipboard::put(txtRight->text());
 }
 
 void frmMain::mnueditCopyWholeConv_Click()
 {
-    QClipboard *clipboard = QGuiApplication::clipboard();
-    clipboard->clear();
-    clipboard->setText(txtLeft->currentText() + u' ' + selectedText(lstLeft)
-        + QStringLiteral("  =  ") + txtRight->text() + u' ' + selectedText(lstRight));
+    Clipboard::put(Clipboard::wholeConversion(
+        txtLeft->currentText(), selectedText(lstLeft), txtRight->text(), selectedText(lstRight)));
 }
 
 void frmMain::pasteValue(bool fromSelection)
 {
-    pasteText(QGuiApplication::clipboard()->text(
-        fromSelection ? QClipboard::Selection : QClipboard::Clipboard));
+    pasteText(Clipboard::text(fromSelection));
 }
 
 void frmMain::pasteText(const QString &pasted)
@@ -1059,9 +1051,7 @@ MenuRules::State frmMain::menuState() const
     state.leftUnit = !selectedText(lstLeft).isEmpty();
     state.rightUnit = !selectedText(lstRight).isEmpty();
     state.markEnabled = mnurecordsadd->isEnabled();
-    const QMimeData *clipboard = QGuiApplication::clipboard()->mimeData();
-    if (clipboard && clipboard->hasText())
-        state.clipboard = clipboard->text();
+    state.clipboard = Clipboard::plainText();
     return state;
 }
 
