@@ -19,6 +19,7 @@
 
 #include "convert/ConversionEngine.h"
 #include "main/MainWindowControl.h"
+#include "main/MainWindowForm.h"
 #include "main/MainWindowSession.h"
 #include "main/MenuRules.h"
 #include "records/MarkedConversion.h"
@@ -51,7 +52,7 @@ struct Session;
 
 class HelpWindow;
 
-class frmMain : public QMainWindow, public MainWindowControl
+class frmMain : public QMainWindow, public MainWindowControl, private MainWindowForm
 {
     Q_OBJECT
 
@@ -122,15 +123,9 @@ protected:
 
 private:
     // Building the window
-    void createControls();
-    void createMenus();
-    void createStatusBar();
     void createShortcuts();
-    void setTexts();
     void connectControls();
     void connectMenus();
-    QAction *newAction(const char *name, QMenu *menu);
-    QMenu *newMenu(const char *name, QWidget *parent);
 
     // Event handlers
     void txtLeft_Change();
@@ -223,80 +218,15 @@ private:
     MainWindowSession m_windowSession;
     HelpWindow *m_helpWindow = nullptr;
 
-    // Controls, named as their objectName (the status panels are StatusBarPanel1 .. 4, the
-    // items of a menu item array mnueditedit_0, mnueditedit_1 and so on).
-    QuantityTabBar *tabMain = nullptr;
-    QListWidget *lstAlphabet = nullptr;
-    QWidget *picMain = nullptr;
-    QComboBox *txtLeft = nullptr;
-    QLineEdit *txtRight = nullptr;
-    QListWidget *lstLeft = nullptr;
-    QListWidget *lstRight = nullptr;
-    QLabel *lblUnitLeft = nullptr;
-    QLabel *lblUnitRight = nullptr;
-    QLabel *lblEqualSign = nullptr;
-    QToolButton *cmdIncreaseSigFigs = nullptr;
-    QToolButton *cmdDecreaseSigFigs = nullptr;
-    QStatusBar *StatusBar = nullptr;
-    StatusPanel *StatusBarPanel[4] = {};
-    FiguresIndicator *Shape1 = nullptr;
-    QLabel *Label2 = nullptr;
-    QLabel *Label3 = nullptr;
-
-    QMenu *mnuFile = nullptr;
-    QAction *mnuFileLoad = nullptr;
-    QAction *mnuFilePrintAllConvForItem = nullptr;
-    QAction *mnuFileSaveAllConvForItem = nullptr;
-    QAction *mnuFileExit = nullptr;
-    QMenu *mnuEdit = nullptr;
-    QAction *mnueditedit[2] = {};
-    QAction *mnueditCopyWholeConv = nullptr;
-    QAction *mnueditswitch = nullptr;
-    QMenu *mnuview = nullptr;
-    QAction *mnuviewphys = nullptr;
-    QAction *mnuviewmetric = nullptr;
-    QAction *mnuviewSIUnits = nullptr;
-    QAction *mnuviewcalc = nullptr;
-    QMenu *mnurecords = nullptr;
-    QAction *mnurecordsadd = nullptr;
-    QAction *mnurecordsAddAll = nullptr;
-    QAction *mnurecordspurge = nullptr;
-    QAction *mnuRecordsView = nullptr;
-    QAction *mnuRecordsFind = nullptr;
-    QAction *mnufilesetopt = nullptr;
-    QMenu *mnualwaystop = nullptr;
-    QAction *mnualwaystoponoff[2] = {};
-    QMenu *mnuHelp = nullptr;
-    QAction *mnuhelphelp = nullptr;
-    QMenu *mnuHelpWeb = nullptr;
-    QAction *mnuHelpWebMensura = nullptr;
-    QAction *mnuHelpWebGeneralInfo = nullptr;
-    QAction *mnuHelpWebOverview = nullptr;
-    QAction *mnuhelpabout = nullptr;
-    QAction *mnuHelpExit = nullptr;
-    QMenu *mnuview2 = nullptr;
-    QAction *mnuview2phys = nullptr;
-    QAction *mnuview2metric = nullptr;
-    QAction *mnuview2numfor = nullptr;
-    QAction *mnuview2edit[2] = {};
-    QAction *mnuview2switch = nullptr;
-    QAction *mnuview2records = nullptr;
-    QAction *mnuview2find = nullptr;
-    QMenu *mnuSysTray = nullptr;
-    QAction *mnuSysTrayShowMensura = nullptr;
-    QAction *mnuSysTrayExit = nullptr;
-
     // What a quantity showed when it was last left: value, initial unit, target unit.
     struct QuantityMemory {
         QString value, leftUnit, rightUnit;
     };
 
-    QActionGroup *m_onTopGroup = nullptr;
     QHash<QString, QuantityMemory> m_memory; // by quantity name
     frmConvRecords *m_convRecords = nullptr;
     MainWindowHook *m_hook = nullptr;
     bool m_convRecordsInTray = false; // hidden with the main window, to come back with it
-    ValueEdit *m_valueEdit = nullptr;
     bool m_buildingTabs = false;
     bool m_unloaded = false;
 };
