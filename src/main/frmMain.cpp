@@ -768,29 +768,10 @@ void frmMain::RecordConversion()
 
 void frmMain::mnurecordsAddAll_Click()
 {
-    const QString valueText = txtLeft->currentText();
-    const QString fromUnit = selectedText(lstLeft);
-    const int q = m_catalogue.CurrentQuantity;
-    const QString quantity = q > 0 ? m_catalogue.Quantities.at(q).Name : QString();
-    const double value = NumberText::leadingNumber(valueText);
-
     QList<Notice> notices;
-    std::optional<QString> replacedEntry;
-    QList<MarkedConversion> added;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    for (int row = 0; row < lstRight->count(); ++row) {
-        const QString toUnit = lstRight->item(row)->text();
-        const ConversionResult converted = m_engine.convertCaught(fromUnit, toUnit, value);
-        for (const Notice &notice : converted.notices)
-            if (!notices.contains(notice))
-                notices.append(notice);
-        if (converted.replacedEntry)
-            replacedEntry = converted.replacedEntry;
-        // A conversion that failed has no value to keep.
-        if (!converted.text.isEmpty())
-            added.append({ valueText, fromUnit, converted.text, toUnit, quantity });
-    }
-    convRecords().addConversions(added);
+    const UnitReport report = currentUnitReport(&notices);
+    convRecords().addConversions(report.markedConversions());
     QApplication::restoreOverrideCursor();
     showNotices(notices);
 
@@ -802,8 +783,8 @@ void frmMain::mnurecordsAddAll_Click()
         mnuview2records->setEnabled(true);
     }
     showMarkedCount();
-    if (replacedEntry)
-        txtLeft->setEditText(*replacedEntry);
+    if (report.replacedEntry)
+        txtLeft->setEditText(*report.replacedEntry);
     lstLeft_Click();
 }
 
@@ -904,18 +885,14 @@ frmConvRecords &frmMain::convRecords()
     return *m_convRecords;
 }
 
-UnitReport frmMain::currentUnitReport()
+UnitReport frmMain::currentUnitReport(QList<Notice> *notices)
 {
     const int q = m_catalogue.CurrentQuantity;
     QStringList units;
     for (int row = 0; row < lstRight->count(); ++row)
         units.append(lstRight->item(row)->text());
-    QList<Notice> notices;
-    const UnitReport report
-        = UnitReport::convert(m_engine, txtLeft->currentText(), selectedText(lstLeft),
-            q > 0 ? m_catalogue.Quantities.at(q).Name : QString(), units, &notices);
-    showNotices(notices);
-    return report;
+    return UnitReport::convert(m_engine, txtLeft->currentText(), selectedText(lstLeft),
+        q > 0 ? m_catalogue.Quantities.at(q).Name : QString(), units, notices);
 }
 
 void frmMain::mnuFileLoad_Click()
@@ -927,12 +904,18 @@ void frmMain::mnuFileLoad_Click()
 
 void frmMain::mnuFilePrintAllConvForItem_Click()
 {
-    UnitReportCommands(m_dialogs, this).printAll(currentUnitReport());
+    QList<Notice> notices;
+    const UnitReport report = currentUnitReport(&notices);
+    showNotices(notices);
+    UnitReportCommands(m_dialogs, this).printAll(report);
 }
 
 void frmMain::mnuFileSaveAllConvForItem_Click()
 {
-    UnitReportCommands(m_dialogs, this).saveAll(currentUnitReport());
+    QList<Notice> notices;
+    const UnitReport report = currentUnitReport(&notices);
+    showNotices(notices);
+    UnitReportCommands(m_dialogs, this).saveAll(report);
 }
 
 void frmMain::mnuviewphys_Click()

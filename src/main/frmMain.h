@@ -194,8 +194,9 @@ private:
     void stepTab(int step);
     void setMarkEnabled(bool enabled);
     void deleteMarkedConversions();
-    // The value, the initial unit and every unit of the right-hand list, converted.
-    UnitReport currentUnitReport();
+    // The value, the initial unit and every unit of the right-hand list, converted; the
+    // message boxes the conversions would show go to notices.
+    UnitReport currentUnitReport(QList<Notice> *notices);
     void saveSession();
     void hideWindowsWithTray();
     void showWindowsFromTray();

@@ -18,6 +18,8 @@ UnitReport UnitReport::convert(const ConversionEngine &engine, const QString &va
     for (const QString &toUnit : toUnits) {
         const ConversionResult result = engine.convertCaught(fromUnit, toUnit, value);
         report.lines.append({ result.text, toUnit });
+        if (result.replacedEntry)
+            report.replacedEntry = result.replacedEntry;
         if (notices) {
             for (const Notice &notice : result.notices)
                 if (!notices->contains(notice))
@@ -25,4 +27,14 @@ UnitReport UnitReport::convert(const ConversionEngine &engine, const QString &va
         }
     }
     return report;
+}
+
+QList<MarkedConversion> UnitReport::markedConversions() const
+{
+    QList<MarkedConversion> marked;
+    // A conversion that failed has no value to keep.
+    for (const Line &line : lines)
+        if (!line.toValue.isEmpty())
+            marked.append({ fromValue, fromUnit, line.toValue, line.toUnit, quantity });
+    return marked;
 }

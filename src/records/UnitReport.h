@@ -8,8 +8,10 @@
 // the main window would show.
 #pragma once
 
+#include "records/MarkedConversion.h"
 #include "shell/Notice.h"
 
+#include <optional>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -26,6 +28,8 @@ struct UnitReport {
     QString fromUnit;
     QString quantity;
     QList<Line> lines; // in the order of the units given
+    // What the value box should hold instead of the value (a temperature below absolute zero).
+    std::optional<QString> replacedEntry;
 
     // Converts the leading number of valueText from fromUnit into each of toUnits, with the
     // engine's current quantity, as the main window's result box would show it. A conversion
@@ -33,4 +37,7 @@ struct UnitReport {
     static UnitReport convert(const ConversionEngine &engine, const QString &valueText,
         const QString &fromUnit, const QString &quantity, const QStringList &toUnits,
         QList<Notice> *notices = nullptr);
+
+    // The lines that have a value, as marked conversions.
+    QList<MarkedConversion> markedConversions() const;
 };
