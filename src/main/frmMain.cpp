@@ -12,6 +12,7 @@
 #include "help/HelpWindow.h"
 #include "help/Links.h"
 #include "help/ShellProgramRunner.h"
+#include "main/AlphabetItem.h"
 #include "main/Clipboard.h"
 #include "main/FiguresIndicator.h"
 #include "main/MainWindowHook.h"
@@ -34,7 +35,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
-#include <QCollator>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -60,25 +60,6 @@ QString text(int id)
 {
     return StringTable::text(id);
 }
-
-// The hidden alphabetical list sorts its names as people read them (small and capital letters
-// alike, in the user's language), not by character code.
-class AlphabetItem : public QListWidgetItem
-{
-public:
-    using QListWidgetItem::QListWidgetItem;
-    bool operator<(const QListWidgetItem &other) const override
-    {
-        static const QCollator collator = [] {
-            QCollator made;
-            made.setCaseSensitivity(Qt::CaseInsensitive);
-            made.setNumericMode(true);
-            return made;
-        }();
-        const int order = collator.compare(text(), other.text());
-        return order != 0 ? order < 0 : text() < other.text();
-    }
-};
 
 } // namespace
 
@@ -848,21 +829,12 @@ void frmMain::mnualwaystoponoff_Click(int item)
 
 void frmMain::setTopmost(bool on)
 {
-    if (isTopmost() == on)
-        return;
-    // Changing a window flag hides the window; it comes back as it was.
-    const bool visible = isVisible();
-    const Qt::WindowStates state = windowState();
-    setWindowFlag(Qt::WindowStaysOnTopHint, on);
-    if (visible) {
-        setWindowState(state);
-        show();
-    }
+    m_hook->setTopmost(on);
 }
 
 bool frmMain::isTopmost() const
 {
-    return windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    return m_hook->isTopmost();
 }
 
 // ---------------------------------------------------------------------------------------------
