@@ -13,6 +13,9 @@
 // (BuildQuantityTabs), puts the last conversion back and shows the window in its saved state;
 // closing the window saves the session.
 //
+// The controls are built in MainWindowForm; what the menus enable is decided by MenuRules;
+// copy and paste go through Clipboard; the placement and the last conversion are read and saved
+// by MainWindowSession; the window system's side (minimum size, tray, on top) is MainWindowHook.
 // The marked conversions live in the marked conversions window (frmConvRecords), made when the
 // first one is marked, loaded or shown.
 #pragma once
