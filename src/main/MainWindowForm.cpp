@@ -282,11 +282,6 @@ void MainWindowForm::createMenus(QMainWindow *window)
     mnuSysTray->setDefaultAction(mnuSysTrayShowMensura);
     addSeparator(mnuSysTray);
     mnuSysTrayExit = newAction("mnuSysTrayExit", mnuSysTray);
-
-    // Nothing is marked at start.
-    mnurecordspurge->setEnabled(false);
-    mnuRecordsView->setEnabled(false);
-    mnuview2records->setEnabled(false);
 }
 
 void MainWindowForm::createStatusBar(QMainWindow *window)

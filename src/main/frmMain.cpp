@@ -88,7 +88,7 @@ frmMain::frmMain(Catalogue &catalogue, Settings &settings, Session &session, Set
     showNumberStyle();
     mnualwaystoponoff[1]->setChecked(true);
     setMarkEnabled(false);
-    showMarkedCount();
+    markedCountChanged(0);
 
     m_hook = new MainWindowHook(this, m_settings, m_session, m_store, m_dialogs, mnuSysTray);
     connect(m_hook, &MainWindowHook::wentToTray, this, &frmMain::hideWindowsWithTray);
@@ -386,12 +386,6 @@ void frmMain::showCurrentFigures()
 {
     StatusBarPanel[2]->setText(text(MainText::CurrentFigures) + QString::number(m_settings.SigFigs)
         + text(MainText::CurrentFiguresEnd));
-}
-
-void frmMain::showMarkedCount()
-{
-    StatusBarPanel[0]->setText(
-        text(MainText::MarkedCount) + QString::number(markedConversions().size()));
 }
 
 // ---------------------------------------------------------------------------------------------
@@ -734,14 +728,10 @@ void frmMain::mnurecordsadd_Click()
     RecordConversion();
 }
 
+// The marked conversions window tells the new count, which enables the commands that need
+// marked conversions (markedCountChanged).
 void frmMain::RecordConversion()
 {
-    if (!m_session.MarkedConversionsExist) {
-        m_session.MarkedConversionsExist = true;
-        mnurecordspurge->setEnabled(true);
-        mnuRecordsView->setEnabled(true);
-        mnuview2records->setEnabled(true);
-    }
     const int q = m_catalogue.CurrentQuantity;
     convRecords().AddConv(txtLeft->currentText(), selectedText(lstLeft), txtRight->text(),
         selectedText(lstRight), q > 0 ? m_catalogue.Quantities.at(q).Name : QString());
@@ -755,15 +745,6 @@ void frmMain::mnurecordsAddAll_Click()
     convRecords().addConversions(report.markedConversions());
     QApplication::restoreOverrideCursor();
     showNotices(notices);
-
-    if (convRecords().count() > 0) {
-        m_session.MarkedConversionsExist = true;
-        m_session.MarkedConversionsSaved = false;
-        mnuRecordsView->setEnabled(true);
-        mnurecordspurge->setEnabled(true);
-        mnuview2records->setEnabled(true);
-    }
-    showMarkedCount();
     if (report.replacedEntry)
         txtLeft->setEditText(*report.replacedEntry);
     lstLeft_Click();

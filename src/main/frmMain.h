@@ -185,7 +185,6 @@ private:
     void applyToolsRule();
     void showNumberStyle();
     void showCurrentFigures();
-    void showMarkedCount();
     void showConversion(const ConversionResult &result);
     void showNotices(const QList<Notice> &notices);
     void showReadingNote();
