@@ -6,12 +6,11 @@
 // puts them back. Saved values that no longer fit (a unit since removed, a position off every
 // screen, text where a number belongs) must not stop the window from coming up usable.
 #include "catalogue/StringTable.h"
+#include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
 #include "main/WindowPlacement.h"
 #include "support/GuiTestMain.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHive.h"
-#include "support/TestProgram.h"
+#include "support/MainWindowFixture.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -20,16 +19,13 @@
 #include <QScreen>
 #include <QTabBar>
 
-static const QString Lengths = QStringLiteral("Zeta Length");
-static const QString Masses = QStringLiteral("Zeta Mass");
-
-class tst_frmMainSession : public QObject
+class tst_frmMainSession : public QObject, MainWindowFixture
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
 
     void exitQuestion_data();
     void exitQuestion();
@@ -42,73 +38,19 @@ private slots:
     void savedPlacementComesUpOnTheScreen_data();
     void savedPlacementComesUpOnTheScreen();
     void placementThatIsNoNumber();
-    void windowKeptOffTheTopLeftEdges();
-    void minimumSize();
+    void sizeAndPlaceLimits();
     void unwritableHiveAtExit();
 
 private:
-    bool start();
-    void restart();
-    QComboBox *value() const { return m_program->find<QComboBox *>("txtLeft"); }
-    QListWidget *left() const { return m_program->find<QListWidget *>("lstLeft"); }
-    QListWidget *right() const { return m_program->find<QListWidget *>("lstRight"); }
-    QString selected(QListWidget *list) const;
-    QString currentQuantity() const;
+    // Through the window's control interface: the clicks are tst_frmMain's business.
     void showFeetInInches(const QString &value);
-
-    std::unique_ptr<TestHive> m_hive;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
-    std::unique_ptr<TestProgram> m_program;
 };
 
 void tst_frmMainSession::init()
 {
-    m_hive = std::make_unique<TestHive>();
-    m_hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    m_hive->writeSetting(QStringLiteral("triads"), QStringLiteral("0"));
-    m_hive->addQuantity(Lengths,
-        { { QStringLiteral("metre"), QStringLiteral("x1") },
-            { QStringLiteral("foot"), QStringLiteral("x0.3048") },
-            { QStringLiteral("inch"), QStringLiteral("x0.0254") } });
-    m_hive->addQuantity(Masses,
-        { { QStringLiteral("kilogram"), QStringLiteral("x1") },
-            { QStringLiteral("gram"), QStringLiteral("x1E-3") } });
-    m_dialogs = std::make_unique<ScriptedDialogs>();
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-}
-
-void tst_frmMainSession::cleanup()
-{
-    m_program.reset();
-    m_dialogs.reset();
-    m_hive.reset();
-}
-
-bool tst_frmMainSession::start()
-{
-    if (!m_program->start() || !QTest::qWaitForWindowExposed(m_program->window()))
-        return false;
-    m_program->window()->activateWindow();
-    return QTest::qWaitForWindowActive(m_program->window());
-}
-
-void tst_frmMainSession::restart()
-{
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-    QVERIFY(start());
-}
-
-QString tst_frmMainSession::selected(QListWidget *list) const
-{
-    const auto items = list->selectedItems();
-    return items.isEmpty() ? QString() : items.first()->text();
-}
-
-QString tst_frmMainSession::currentQuantity() const
-{
-    const Catalogue &catalogue = m_program->startup().catalogue();
-    return catalogue.CurrentQuantity > 0 ? catalogue.Quantities.at(catalogue.CurrentQuantity).Name
-                                         : QString();
+    setUp();
+    // The session's own values are what these tests look at: none saved to begin with.
+    m_hive->writeSetting(QStringLiteral("currphysquan"), QString());
 }
 
 void tst_frmMainSession::showFeetInInches(const QString &typed)
@@ -175,9 +117,9 @@ void tst_frmMainSession::sessionComesBack()
     QVERIFY(start());
     frmMain *window = m_program->window();
     showFeetInInches(QStringLiteral("12"));
-    QTest::mouseClick(m_program->find<StatusPanel *>("StatusBarPanel4"), Qt::LeftButton);
+    QTest::mouseClick(panel(4), Qt::LeftButton);
     QTest::mouseClick(m_program->find<QWidget *>("cmdIncreaseSigFigs"), Qt::LeftButton);
-    const QString shown = m_program->find<QLineEdit *>("txtRight")->text();
+    const QString shown = result()->text();
     QCOMPARE(shown, QStringLiteral("1.4400000E+2"));
     window->move(70, 40);
     window->resize(660, 500);
@@ -195,16 +137,14 @@ void tst_frmMainSession::sessionComesBack()
     QCOMPARE(m_hive->readSetting(QStringLiteral("scientific")), QStringLiteral("1"));
     QCOMPARE(m_hive->readSetting(QStringLiteral("numericformatting")), QStringLiteral("8"));
 
-    restart();
+    QVERIFY(restart());
     window = m_program->window();
     QCOMPARE(currentQuantity(), Lengths);
-    QCOMPARE(m_program->find<QTabBar *>("tabMain")->tabText(
-                 m_program->find<QTabBar *>("tabMain")->currentIndex()),
-        Lengths);
+    QCOMPARE(tabs()->tabText(tabs()->currentIndex()), Lengths);
     QCOMPARE(value()->currentText(), QStringLiteral("12"));
     QCOMPARE(selected(left()), QStringLiteral("foot"));
     QCOMPARE(selected(right()), QStringLiteral("inch"));
-    QCOMPARE(m_program->find<QLineEdit *>("txtRight")->text(), shown);
+    QCOMPARE(result()->text(), shown);
     QCOMPARE(window->pos(), QPoint(70, 40));
     QCOMPARE(window->size(), QSize(660, 500));
     QVERIFY(m_dialogs->asked().isEmpty());
@@ -233,7 +173,7 @@ void tst_frmMainSession::windowStateCodes()
     QVERIFY(!m_hive->readSetting(QStringLiteral("width")));
 
     m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-    QVERIFY(m_program->start());
+    QVERIFY(m_program->start()); // a minimised window is never exposed
     QVERIFY(m_program->window()->windowState().testFlag(state));
 }
 
@@ -281,7 +221,7 @@ void tst_frmMainSession::savedConversionThatNoLongerFits()
         m_hive->write(QStringLiteral("User\\NewQuans\\") + Masses, QStringLiteral("OnOff"),
             QStringLiteral("0"));
     QVERIFY(start());
-    auto *tabs = m_program->find<QTabBar *>("tabMain");
+    QTabBar *tabs = this->tabs();
     // A quantity without a tab leaves the first tab current, with its units and none chosen.
     QCOMPARE(tabs->tabText(tabs->currentIndex()),
         shownQuantity.isEmpty() ? tabs->tabText(0) : shownQuantity);
@@ -290,7 +230,7 @@ void tst_frmMainSession::savedConversionThatNoLongerFits()
     QCOMPARE(selected(left()), shownUnit1);
     QCOMPARE(selected(right()), QString());
     QCOMPARE(value()->currentText(), QStringLiteral("5"));
-    QCOMPARE(m_program->find<QLineEdit *>("txtRight")->text(), StringTable::text(368));
+    QCOMPARE(result()->text(), StringTable::text(368));
     for (int i = 0; i < tabs->count(); ++i)
         QVERIFY(!(disableMasses && tabs->tabText(i) == Masses));
     QVERIFY(m_dialogs->asked().isEmpty());
@@ -355,10 +295,17 @@ void tst_frmMainSession::placementThatIsNoNumber()
     QVERIFY(!m_program->window()->isMaximized());
 }
 
-void tst_frmMainSession::windowKeptOffTheTopLeftEdges()
+// The window is never smaller than 7100 x 7000 twips, and a move beyond the left or top edge of
+// the screen is stopped a little inside it.
+void tst_frmMainSession::sizeAndPlaceLimits()
 {
     QVERIFY(start());
     frmMain *window = m_program->window();
+    const QSize minimum(
+        WindowPlacement::twipsToPixels(7100, window->screen()->logicalDotsPerInchX()),
+        WindowPlacement::twipsToPixels(7000, window->screen()->logicalDotsPerInchY()));
+    window->resize(100, 100);
+    QCOMPARE(window->size(), minimum);
     const QRect screen = window->screen()->availableGeometry();
     window->move(screen.left() - 30, screen.top() + 50);
     QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
@@ -367,19 +314,6 @@ void tst_frmMainSession::windowKeptOffTheTopLeftEdges()
     // Right and below are the user's business.
     window->move(screen.right() - 20, screen.bottom() - 20);
     QCOMPARE(window->pos(), QPoint(screen.right() - 20, screen.bottom() - 20));
-}
-
-void tst_frmMainSession::minimumSize()
-{
-    QVERIFY(start());
-    frmMain *window = m_program->window();
-    const qreal dpiX = window->screen()->logicalDotsPerInchX();
-    const qreal dpiY = window->screen()->logicalDotsPerInchY();
-    const QSize minimum(
-        WindowPlacement::twipsToPixels(7100, dpiX), WindowPlacement::twipsToPixels(7000, dpiY));
-    QCOMPARE(window->minimumSize(), minimum);
-    window->resize(100, 100);
-    QCOMPARE(window->size(), minimum);
 }
 
 void tst_frmMainSession::unwritableHiveAtExit()
