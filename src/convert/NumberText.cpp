@@ -149,6 +149,21 @@ double NumberText::leadingNumber(QStringView text)
     return clean.empty() ? 0.0 : parseClean(clean);
 }
 
+NumberText::LeadingNumber NumberText::readLeadingNumber(QStringView text)
+{
+    LeadingNumber reading;
+    CleanNumber clean;
+    scanNumber(text, true, u'.', reading.length, clean);
+    if (clean.empty())
+        return reading;
+    reading.value = parseClean(clean);
+    reading.hasDigits = true;
+    while (reading.length < text.size()
+        && (text[reading.length] == u' ' || text[reading.length] == u'\t'))
+        ++reading.length;
+    return reading;
+}
+
 double NumberText::toDouble(QStringView text, QChar localeDecimal)
 {
     const QStringView trimmed = text.trimmed();

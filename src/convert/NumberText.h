@@ -22,6 +22,18 @@ public:
     // A value beyond the range of a double is returned as an infinity of its sign.
     static double leadingNumber(QStringView text);
 
+    // The same reading, told in full for a value the user typed: the number, how many
+    // characters of the text it used, and whether the text starts with a number at all (a
+    // digit after the blanks, sign and point it may start with). The blanks and tabs around the
+    // number count as used, so a text read to its end has length == text.size(); a text
+    // without a digit at its start is value 0, length 0.
+    struct LeadingNumber {
+        double value = 0;
+        qsizetype length = 0;
+        bool hasDigits = false;
+    };
+    static LeadingNumber readLeadingNumber(QStringView text);
+
     // Strict readings of a whole text (surrounding blanks allowed). The decimal point is "." or
     // the locale's separator given. They throw RuntimeError: TypeMismatch when the text is not
     // a number, Overflow when it does not fit the type.

@@ -15,6 +15,8 @@ private Q_SLOTS:
     void leadingNumber_data();
     void leadingNumber();
     void leadingNumberBeyondDoubleRange();
+    void howMuchTheLenientReadingUses_data();
+    void howMuchTheLenientReadingUses();
     void strictReading_data();
     void strictReading();
     void wholeNumbersRoundHalfToEven_data();
@@ -73,6 +75,46 @@ void tst_NumberText::leadingNumberBeyondDoubleRange()
     // An exponent beyond what a long holds still overflows to infinity.
     QVERIFY(std::isinf(NumberText::leadingNumber(u"133 E8888888888888888888888873")));
     QCOMPARE(NumberText::leadingNumber(u"1e-8888888888888888888888888"), 0.0);
+}
+
+void tst_NumberText::howMuchTheLenientReadingUses_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("hasDigits");
+    QTest::addColumn<double>("value");
+    QTest::addColumn<int>("length");
+    QTest::newRow("whole number") << "12" << true << 12.0 << 2;
+    QTest::newRow("tab in front and blank behind are used") << "\t12 " << true << 12.0 << 4;
+    QTest::newRow("negative fraction without a leading zero") << "-.5" << true << -0.5 << 3;
+    QTest::newRow("exponent read to its end") << "1e5x" << true << 1e5 << 3;
+    QTest::newRow("blanks inside are used") << "1 234.5" << true << 1234.5 << 7;
+    QTest::newRow("comma: only what stands before it") << "1,500" << true << 1.0 << 1;
+    QTest::newRow("fraction: only the numerator") << "3/8" << true << 3.0 << 1;
+    QTest::newRow("mixed number: the blank is skipped") << "1 1/2" << true << 11.0 << 3;
+    QTest::newRow("unit after a blank") << "12 kg" << true << 12.0 << 3;
+    QTest::newRow("exponent letter without digits is not used") << "3e" << true << 3.0 << 1;
+    QTest::newRow("second point") << "1.2.3" << true << 1.2 << 3;
+    QTest::newRow("word") << "dozen" << false << 0.0 << 0;
+    QTest::newRow("exponent without a mantissa") << "e5" << false << 0.0 << 0;
+    QTest::newRow("point and letters") << ".abc" << false << 0.0 << 0;
+    QTest::newRow("sign and letters") << "+abc" << false << 0.0 << 0;
+    QTest::newRow("infinity") << "-inf" << false << 0.0 << 0;
+    QTest::newRow("not a number") << "-NaN" << false << 0.0 << 0;
+    QTest::newRow("sign alone") << "+" << false << 0.0 << 0;
+    QTest::newRow("blanks only") << "  " << false << 0.0 << 0;
+}
+
+void tst_NumberText::howMuchTheLenientReadingUses()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, hasDigits);
+    QFETCH(double, value);
+    QFETCH(int, length);
+    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(text);
+    QCOMPARE(reading.hasDigits, hasDigits);
+    QCOMPARE(reading.value, value);
+    QCOMPARE(reading.length, qsizetype(length));
+    QCOMPARE(reading.value, NumberText::leadingNumber(text));
 }
 
 void tst_NumberText::strictReading_data()
