@@ -30,6 +30,7 @@ public:
         QString statusText; // the status bar's text on the figures
         QStringList errors; // why nothing was converted
         QString warning; // the value was corrected (a temperature below absolute zero)
+        QString note; // only the start of the value was a number: what it was read as
     };
 
     CliConverter(Catalogue &catalogue, const Settings &settings);
@@ -47,8 +48,14 @@ public:
 
     UnitLookup &lookup() { return m_lookup; }
 
-    // A value is refused when pasting it would enter nothing: NumberFilter keeps nothing of it.
+    // A value is refused when the value box's reading finds no digit at its start; otherwise it
+    // is converted as that reading reads it. readAs() is the note for a value of which only the
+    // start was a number ("1,500" is read as 1), or empty.
     static bool isNumber(QStringView value);
+    static QString readAs(const QString &value);
+
+    // A message box's text as one message: without the "Try Again." the window puts under it.
+    static QString messageText(const QString &text);
 
 private:
     Catalogue &m_catalogue;

@@ -34,9 +34,12 @@ Commands:
 
 The value:
   VALUE is read as the main window reads its value box: the number at its start counts
-  ("12kg" is 12, "1 234.5" is 1234.5, "+" alone is 0), "." is the decimal point and E, e,
-  D or d starts an exponent. A value that does not start like a number ("abc", "") is
-  refused. A negative value is written as it is ("-40"); "--" ends the options.
+  ("1 234.5" is 1234.5, blanks and tabs around it are ignored), "." is the decimal point
+  and E, e, D or d starts an exponent. When only the start of VALUE is a number, the
+  result is written and a note on standard error says what VALUE was read as
+  (note: "1,500" was read as 1; "12kg" is 12, "3/8" is 3). A value without a digit at
+  its start ("abc", "e5", "+", "-inf", "") is refused. A negative value is written as it
+  is ("-40"); "--" ends the options.
 
 Units and quantities:
   Only the enabled quantities and their enabled units are used, as the main window lists
@@ -55,7 +58,8 @@ Options:
   --batch          Reads lines VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY] from
                    standard input and writes one line per input line, in order. A line that
                    cannot be converted gives a line "error: line N: why" and the run goes
-                   on; the exit status is then 1.
+                   on; the exit status is then 1. Notes and warnings about a line go to
+                   standard error as "note: line N: ..." and "warning: line N: ...".
   --sigfigs N      Significant figures, 1 to 13 (default: the stored setting, else 7).
   --scientific     Always scientific notation.
   --regular        Regular notation between --min and --max (overrides a stored setting).
@@ -213,9 +217,22 @@ QString CliText::storeProblem(const QString &description)
     return QStringLiteral("the settings store holds a bad value: %1").arg(description);
 }
 
+QString CliText::quoted(const QString &text)
+{
+    static constexpr qsizetype Longest = 60;
+    if (text.size() <= Longest)
+        return u'"' + text + u'"';
+    return u'"' + text.left(Longest - 1) + QChar(0x2026) + u'"';
+}
+
 QString CliText::notANumber(const QString &value)
 {
-    return QStringLiteral("\"%1\" is not a number.").arg(value);
+    return QStringLiteral("%1 is not a number.").arg(quoted(value));
+}
+
+QString CliText::valueReadAs(const QString &value, const QString &number)
+{
+    return QStringLiteral("%1 was read as %2").arg(quoted(value), number);
 }
 
 static QString suggestionList(const QStringList &suggestions)
@@ -322,6 +339,11 @@ QString CliText::errorPrefix()
 QString CliText::warningPrefix()
 {
     return QStringLiteral("warning: ");
+}
+
+QString CliText::notePrefix()
+{
+    return QStringLiteral("note: ");
 }
 
 QString CliText::valueTakenAs(const QString &value)

@@ -13,6 +13,10 @@
 class CliText
 {
 public:
+    // A text the user gave, in quotes; a very long one cut short, so that a message stays
+    // readable whatever was typed.
+    static QString quoted(const QString &text);
+
     static QString help();
     static QString version();
     static QString seeHelp();
@@ -41,6 +45,7 @@ public:
 
     // Values and names
     static QString notANumber(const QString &value);
+    static QString valueReadAs(const QString &value, const QString &number);
     static QString unknownQuantity(const QString &name, const QStringList &suggestions);
     static QString quantitySwitchedOff(const QString &name);
     static QString unknownUnit(
@@ -65,6 +70,7 @@ public:
     // Conversion messages on the error stream
     static QString errorPrefix();
     static QString warningPrefix();
+    static QString notePrefix();
     static QString valueTakenAs(const QString &value);
 
     // The units listing

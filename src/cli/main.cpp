@@ -55,6 +55,8 @@ int convertOne(const CommandLine &commandLine, Catalogue &catalogue, const Setti
     const QStringList &operands = commandLine.operands;
     const CliConverter::Outcome outcome
         = converter.convert(operands[0], operands[1], operands[2], commandLine.quantity);
+    if (!outcome.note.isEmpty())
+        errors.line(CliText::notePrefix() + outcome.note.simplified());
     if (!outcome.warning.isEmpty())
         errors.line(CliText::warningPrefix() + outcome.warning.simplified());
     for (const QString &error : outcome.errors)
@@ -82,10 +84,13 @@ int writeReport(const CommandLine &commandLine, Catalogue &catalogue, const Sett
         errors.line(CliText::errorPrefix() + resolution.error);
         return CliConverter::BadInput;
     }
+    const QString note = CliConverter::readAs(value);
+    if (!note.isEmpty())
+        errors.line(CliText::notePrefix() + note.simplified());
     QList<Notice> notices;
     const UnitReport report = converter.report(value, resolution, &notices);
     for (const Notice &notice : std::as_const(notices))
-        errors.line(CliText::errorPrefix() + notice.text.simplified());
+        errors.line(CliText::errorPrefix() + CliConverter::messageText(notice.text).simplified());
     const int status = notices.isEmpty() ? CliConverter::Success : CliConverter::ConversionFailed;
 
     if (commandLine.output.isEmpty()) {
