@@ -7,6 +7,8 @@
 // English usage lives here, in this one file.
 #pragma once
 
+#include "catalogue/UnitMatcher.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -32,6 +34,8 @@ public:
     static QString reportArguments();
     static QString recordsArguments();
     static QString outputOnlyForReport();
+    static QString findOnlyForUnits();
+    static QString findTakesNoQuantity();
     static QString sigFigsRange(const QString &given);
     static QString maxRange(const QString &given);
     static QString minRange(const QString &given);
@@ -84,6 +88,13 @@ public:
     static QString exactWord();
     static QString inexactWord();
     static QString formulaWord();
+    static QStringList matchColumns();
+    static QString rankText(UnitMatcher::Rank rank, const QString &form);
+    static QString rankWord(UnitMatcher::Rank rank);
+    static QString findFound(const QString &text, const QString &unit, const QString &quantity);
+    static QString findTied(const QString &text, int count);
+    static QString chosenWord();
+    static QString tiedWord();
     static QString byFormula();
     static QString builtinWord();
     static QString customWord();

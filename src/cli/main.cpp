@@ -12,6 +12,7 @@
 #include "cli/OutputBuffer.h"
 #include "cli/RecordsOutput.h"
 #include "cli/UnitListing.h"
+#include "cli/UnitLookup.h"
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
 #include "shell/Settings.h"
@@ -29,9 +30,40 @@
 namespace
 {
 
+// "units --find TEXT": what the text matches and which unit it names.
+int findUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
+    OutputBuffer &errors)
+{
+    UnitLookup lookup(catalogue);
+    int q = 0;
+    if (!commandLine.quantity.isEmpty()) {
+        const UnitLookup::QuantityAnswer answer = lookup.findQuantity(commandLine.quantity);
+        if (!answer.error.isEmpty()) {
+            errors.line(CliText::errorPrefix() + answer.error);
+            return CliConverter::BadInput;
+        }
+        q = answer.quantity;
+    }
+    const QString &text = *commandLine.find;
+    const UnitMatcher::Choice choice = lookup.matcher().best(text, q);
+    if (choice.outcome == UnitMatcher::Outcome::None) {
+        errors.line(CliText::errorPrefix() + lookup.unitError(text, q).simplified());
+        return CliConverter::BadInput;
+    }
+    QVector<UnitMatcher::Match> matches;
+    for (const UnitMatcher::Match &match : lookup.matcher().matches(text))
+        if (q == 0 || match.quantity == q)
+            matches.append(match);
+    const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
+    out.append(listing.matches(text, choice, matches));
+    return CliConverter::Success;
+}
+
 int listUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
     OutputBuffer &errors)
 {
+    if (commandLine.find)
+        return findUnits(commandLine, catalogue, out, errors);
     const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
     if (commandLine.operands.isEmpty()) {
         out.append(listing.quantities());

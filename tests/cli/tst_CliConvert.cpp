@@ -23,6 +23,8 @@ private Q_SLOTS:
     void verboseAddsTheStatusText();
     void storedSettingsAndOptions_data();
     void storedSettingsAndOptions();
+    void handbookSpellings_data();
+    void handbookSpellings();
     void valuesReadOnlyInPart_data();
     void valuesReadOnlyInPart();
     void namesThatAreRefused_data();
@@ -194,6 +196,35 @@ void tst_CliConvert::storedSettingsAndOptions()
             store.RegWriteString(QStringLiteral("settings"), stored[i], stored[i + 1]);
     });
     const CliRun run = runCli(QStringList { "convert", "12", "in", "m", "--hive", hive } + options);
+    QCOMPARE(run.err, QString());
+    QCOMPARE(run.exitCode, 0);
+    QCOMPARE(run.out, expected + u'\n');
+}
+
+// Units as handbooks write them, in the built-in catalogue. 1 kW·h = 3.6 MJ; 1 ft³/min =
+// 0.4719474432 l/s; 1 ft² = 0.09290304 m²; (98.6 - 32) / 1.8 = 37; 1 psi = 6.894757293168 kPa;
+// 1 lbf·ft = 1.3558179483314 N·m.
+void tst_CliConvert::handbookSpellings_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("kWh to MJ") << QStringList { "1", "kWh", "MJ" } << "3.600 000";
+    QTest::newRow("cfm to l/s") << QStringList { "100", "cfm", "l/s" } << "47.194 74";
+    QTest::newRow("m2 to ft2") << QStringList { "12", "m2", "ft2" } << "129.166 9";
+    QTest::newRow("F to C is a temperature") << QStringList { "98.6", "F", "C" } << "37.000 00";
+    QTest::newRow("psi to kPa") << QStringList { "30", "psi", "kPa" } << "206.842 7";
+    QTest::newRow("lbf-ft to N-m") << QStringList { "45", "lbf-ft", "N-m" } << "61.011 81";
+}
+
+void tst_CliConvert::handbookSpellings()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, expected);
+    const QString hive = m_dir.filePath(QStringLiteral("builtin.reg"));
+    if (!QFile::exists(hive))
+        writeHive(hive, [](SettingsStore &) {});
+    const CliRun run = runCli(QStringList { "convert", "--hive", hive } + arguments);
     QCOMPARE(run.err, QString());
     QCOMPARE(run.exitCode, 0);
     QCOMPARE(run.out, expected + u'\n');
@@ -389,8 +420,8 @@ void tst_CliConvert::helpDocumentsEveryOption()
     QCOMPARE(run.err, QString());
     for (const char *text : { "convert VALUE FROM_UNIT TO_UNIT", "--batch", "units [QUANTITY]",
              "--quantity", "--verbose", "--sigfigs", "--scientific", "--regular", "--no-triads",
-             "--triads", "--max", "--min", "--hive", "--tsv", "--all", "--help", "--version",
-             "enabled", "absolute zero", "Exit status", "not a number" })
+             "--triads", "--max", "--min", "--hive", "--tsv", "--all", "--find", "--help",
+             "--version", "enabled", "absolute zero", "Exit status", "not a number" })
         QVERIFY2(run.out.contains(QString::fromUtf8(text)), text);
     // -h and the help command say the same
     QCOMPARE(runCli({ "-h" }).out, run.out);
