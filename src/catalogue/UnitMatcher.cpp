@@ -32,13 +32,15 @@ void splitBrackets(const QString &name, QString &bare, QStringList &symbols)
         bare += text.sliced(outside);
 }
 
-// The text with runs of white space as one blank and none at the ends; most texts already are.
+// The text with runs of white space as one blank and none at the ends. Most texts have at
+// most blanks at their ends (a name without its last bracket): trimming them is enough.
 QString simplified(QString text)
 {
-    bool plain = text.isEmpty() || (!text.front().isSpace() && !text.back().isSpace());
-    for (qsizetype i = 0; plain && i < text.size(); ++i)
-        plain = !text[i].isSpace() || (text[i] == u' ' && !text[i + 1].isSpace());
-    return plain ? text : text.simplified();
+    const QStringView inner = QStringView(text).trimmed();
+    for (qsizetype i = 0; i < inner.size(); ++i)
+        if (inner[i].isSpace() && (inner[i] != u' ' || inner[i + 1].isSpace()))
+            return text.simplified();
+    return inner.size() == text.size() ? text : inner.toString();
 }
 
 // Appends the character fully decomposed, compatibility forms included, without its marks:
@@ -230,6 +232,8 @@ QString latinLookAlikes(const QString &text)
         { u'\u039C', 'M' }, { u'\u039D', 'N' }, { u'\u039F', 'O' }, { u'\u03A1', 'P' },
         { u'\u03A4', 'T' }, { u'\u03A5', 'Y' }, { u'\u03A7', 'X' }, { u'\u03B1', 'a' },
         { u'\u03BA', 'k' }, { u'\u03BD', 'v' }, { u'\u03BF', 'o' }, { u'\u03C1', 'p' } };
+    if (std::all_of(text.cbegin(), text.cend(), [](QChar c) { return c.unicode() < 0x80; }))
+        return text;
     QString latin = text;
     for (QChar &c : latin)
         for (const auto &pair : LookAlikes)
@@ -240,14 +244,19 @@ QString latinLookAlikes(const QString &text)
 
 } // namespace
 
-// By rank and the key's hash, so that a text's entries are found by a binary search; units in
-// catalogue order among entries of one key.
+// The rank in the top bits, the key's hash below: one number to sort and search the entries
+// by. Keys whose hashes meet are told apart by comparing them.
+quint64 UnitMatcher::order(Rank rank, const QString &key)
+{
+    return (quint64(rank) << 56) | (quint64(qHash(key)) & ((quint64(1) << 56) - 1));
+}
+
+// A text's entries are then found by a binary search. Their order among themselves does not
+// matter: matches() sorts what it finds.
 void UnitMatcher::sortEntries(QVector<Entry> &entries)
 {
-    std::sort(entries.begin(), entries.end(), [](const Entry &a, const Entry &b) {
-        return std::tie(a.rank, a.hash, a.quantity, a.unit)
-            < std::tie(b.rank, b.hash, b.quantity, b.unit);
-    });
+    std::sort(entries.begin(), entries.end(),
+        [](const Entry &a, const Entry &b) { return a.order < b.order; });
 }
 
 UnitMatcher::UnitMatcher(const Catalogue &catalogue)
@@ -258,7 +267,6 @@ UnitMatcher::UnitMatcher(const Catalogue &catalogue)
 UnitMatcher::UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::Alias> &aliases)
     : m_catalogue(catalogue)
 {
-    m_entries.reserve(8 * Catalogue::BuiltinQuantityCount * 12);
     for (int q = 1; q <= catalogue.QuantityCount; ++q) {
         if (!catalogue.Quantities[q].enabled())
             continue;
@@ -281,7 +289,7 @@ UnitMatcher::UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::
 void UnitMatcher::add(Rank rank, const QString &key, int q, int j, const QString &form)
 {
     if (!key.isEmpty())
-        m_entries.append(Entry { rank, qHash(key), key, q, j, form });
+        m_entries.append(Entry { order(rank, key), rank, key, q, j, form });
 }
 
 void UnitMatcher::addUnit(int q, int j, bool temperature)
@@ -324,8 +332,8 @@ const QVector<UnitMatcher::Entry> &UnitMatcher::otherCaseEntries()
         for (const Entry &entry : std::as_const(m_entries))
             if (entry.rank == Alias || entry.rank == TypedSymbol) {
                 const QString key = entry.key.toCaseFolded();
-                m_otherCase.append(
-                    Entry { OtherCase, qHash(key), key, entry.quantity, entry.unit, entry.form });
+                m_otherCase.append(Entry { order(OtherCase, key), OtherCase, key, entry.quantity,
+                    entry.unit, entry.form });
             }
         sortEntries(m_otherCase);
     }
@@ -337,12 +345,10 @@ void UnitMatcher::collect(
 {
     if (key.isEmpty())
         return;
-    const std::pair<Rank, size_t> wanted { rank, qHash(key) };
+    const quint64 wanted = order(rank, key);
     auto entry = std::lower_bound(entries.cbegin(), entries.cend(), wanted,
-        [](const Entry &e, const std::pair<Rank, size_t> &w) {
-            return std::make_pair(e.rank, e.hash) < w;
-        });
-    for (; entry != entries.cend() && entry->rank == rank && entry->hash == wanted.second; ++entry)
+        [](const Entry &e, quint64 w) { return e.order < w; });
+    for (; entry != entries.cend() && entry->order == wanted; ++entry)
         if (entry->key == key)
             found.append(Match { entry->quantity, entry->unit, rank, entry->form });
 }

@@ -93,8 +93,8 @@ private:
     // One form of a unit's name under which a text finds it: the key a text is compared by,
     // and the form as the catalogue or the alias table writes it.
     struct Entry {
+        quint64 order; // the rank, then the key's hash: entries are sorted by it
         Rank rank;
-        size_t hash; // of the key: entries are sorted by rank and hash
         QString key;
         int quantity;
         int unit;
@@ -104,6 +104,7 @@ private:
     void addUnit(int q, int j, bool temperature);
     void addSymbol(int q, int j, const QString &symbol, bool temperature);
     void add(Rank rank, const QString &key, int q, int j, const QString &form);
+    static quint64 order(Rank rank, const QString &key);
     static void sortEntries(QVector<Entry> &entries);
     void collect(
         const QVector<Entry> &entries, Rank rank, const QString &key, QVector<Match> &found) const;
@@ -111,7 +112,7 @@ private:
 
     const Catalogue &m_catalogue;
     QVector<UnitRef> m_units; // the enabled units, in catalogue order
-    QVector<Entry> m_entries; // sorted by rank and the key's hash
+    QVector<Entry> m_entries; // sorted by their order
     QVector<Entry> m_otherCase; // the symbols and aliases case-folded, made when first needed
     bool m_otherCaseMade = false;
     QHash<QString, QVector<Match>> m_cache;

@@ -5,8 +5,6 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "cli/CliText.h"
-#include "convert/NumberText.h"
-
 #include <cmath>
 
 CliConverter::CliConverter(Catalogue &catalogue, const Settings &settings)
@@ -23,7 +21,12 @@ bool CliConverter::isNumber(QStringView value)
 
 QString CliConverter::readAs(const QString &value)
 {
-    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(value);
+    return readAs(value, NumberText::readLeadingNumber(value));
+}
+
+QString CliConverter::readAs(const QString &value, const NumberText::LeadingNumber &reading)
+{
+    // Beyond the range of a double the conversion fails, which says enough.
     if (!reading.hasDigits || reading.length == value.size() || !std::isfinite(reading.value))
         return QString();
     return CliText::valueReadAs(value, NumberText::shortestText(reading.value));
@@ -63,9 +66,7 @@ CliConverter::Outcome CliConverter::convertResolved(
         outcome.errors.append(resolution.error);
         return outcome;
     }
-    // Beyond the range of a double the conversion fails, which says enough.
-    if (reading.length < value.size() && std::isfinite(reading.value))
-        outcome.note = CliText::valueReadAs(value, NumberText::shortestText(reading.value));
+    outcome.note = readAs(value, reading);
     m_catalogue.CurrentQuantity = resolution.quantity;
     const auto &units = m_catalogue.Units[resolution.quantity];
     ConversionResult result = m_engine.UpdateResult(

@@ -9,6 +9,7 @@
 
 #include "cli/UnitLookup.h"
 #include "convert/ConversionEngine.h"
+#include "convert/NumberText.h"
 #include "records/UnitReport.h"
 #include "shell/Session.h"
 
@@ -58,6 +59,8 @@ public:
     static QString messageText(const QString &text);
 
 private:
+    static QString readAs(const QString &value, const NumberText::LeadingNumber &reading);
+
     Catalogue &m_catalogue;
     Session m_session;
     ConversionEngine m_engine;
