@@ -244,19 +244,36 @@ QString latinLookAlikes(const QString &text)
 
 } // namespace
 
-// The rank in the top bits, the key's hash below: one number to sort and search the entries
-// by. Keys whose hashes meet are told apart by comparing them.
-quint64 UnitMatcher::order(Rank rank, const QString &key)
+void UnitMatcher::Table::add(Rank rank, const QString &key, int q, int j, const QString &form)
 {
-    return (quint64(rank) << 56) | (quint64(qHash(key)) & ((quint64(1) << 56) - 1));
+    if (key.isEmpty())
+        return;
+    const quint64 hash = quint64(qHash(key)) & ((quint64(1) << 56) - 1);
+    order.append({ (quint64(rank) << 56) | hash, entries.size() });
+    entries.append(Entry { rank, key, q, j, form });
 }
 
-// A text's entries are then found by a binary search. Their order among themselves does not
-// matter: matches() sorts what it finds.
-void UnitMatcher::sortEntries(QVector<Entry> &entries)
+// The order of entries of one rank and key among themselves does not matter: matches() sorts
+// what it finds.
+void UnitMatcher::Table::sort()
 {
-    std::sort(entries.begin(), entries.end(),
-        [](const Entry &a, const Entry &b) { return a.order < b.order; });
+    std::sort(
+        order.begin(), order.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
+}
+
+void UnitMatcher::Table::collect(
+    Rank rank, const QString &key, QVector<Match> &found, Rank reportedRank) const
+{
+    if (key.isEmpty())
+        return;
+    const quint64 wanted = (quint64(rank) << 56) | (quint64(qHash(key)) & ((quint64(1) << 56) - 1));
+    auto at = std::lower_bound(order.cbegin(), order.cend(), wanted,
+        [](const auto &item, quint64 value) { return item.first < value; });
+    for (; at != order.cend() && at->first == wanted; ++at) {
+        const Entry &entry = entries[at->second];
+        if (entry.key == key)
+            found.append(Match { entry.quantity, entry.unit, reportedRank, entry.form });
+    }
 }
 
 UnitMatcher::UnitMatcher(const Catalogue &catalogue)
@@ -267,6 +284,12 @@ UnitMatcher::UnitMatcher(const Catalogue &catalogue)
 UnitMatcher::UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::Alias> &aliases)
     : m_catalogue(catalogue)
 {
+    // About seven entries a unit: its name and bare name three times, each symbol two or three.
+    qsizetype units = 0;
+    for (int q = 1; q <= catalogue.QuantityCount; ++q)
+        units += catalogue.Quantities[q].UnitCount;
+    m_table.entries.reserve(7 * units);
+    m_table.order.reserve(7 * units);
     for (int q = 1; q <= catalogue.QuantityCount; ++q) {
         if (!catalogue.Quantities[q].enabled())
             continue;
@@ -281,28 +304,27 @@ UnitMatcher::UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::
             continue;
         const int j = catalogue.findUnit(q, alias.unit);
         if (j != 0 && catalogue.Units[q][j].enabled())
-            add(Alias, typedKey(symbolForm(alias.alias)), q, j, alias.alias);
+            m_table.add(Alias, typedKey(symbolForm(alias.alias)), q, j, alias.alias);
     }
-    sortEntries(m_entries);
-}
-
-void UnitMatcher::add(Rank rank, const QString &key, int q, int j, const QString &form)
-{
-    if (!key.isEmpty())
-        m_entries.append(Entry { order(rank, key), rank, key, q, j, form });
+    m_table.sort();
 }
 
 void UnitMatcher::addUnit(int q, int j, bool temperature)
 {
     const QString &name = m_catalogue.Units[q][j].Name;
     m_units.append(UnitRef { q, j });
-    add(FullName, name, q, j, name);
-    add(Name, nameKey(name), q, j, name);
+    // The full name as written is found among the names compared in any case.
+    const QString key = nameKey(name);
+    m_table.add(Name, key, q, j, name);
     QString bare;
     QStringList symbols;
     splitBrackets(name, bare, symbols);
     bare = simplified(std::move(bare));
-    add(BareName, nameKey(bare), q, j, bare);
+    if (bare != name) {
+        const QString bareKey = nameKey(bare);
+        if (bareKey != key)
+            m_table.add(BareName, bareKey, q, j, bare);
+    }
     for (const QString &symbol : std::as_const(symbols))
         addSymbol(q, j, symbol, temperature);
 }
@@ -310,47 +332,34 @@ void UnitMatcher::addUnit(int q, int j, bool temperature)
 void UnitMatcher::addSymbol(int q, int j, const QString &symbol, bool temperature)
 {
     const QString form = symbolForm(symbol);
-    add(Symbol, form, q, j, symbol);
+    m_table.add(Symbol, form, q, j, symbol);
+    // A symbol that is typed as it is written ("kPa") is found among the symbols as written.
     const QString typed = typedKey(form);
-    add(TypedSymbol, typed, q, j, symbol);
+    if (typed != form)
+        m_table.add(TypedSymbol, typed, q, j, symbol);
     // "°F" typed as "F": a single letter stands for a temperature only. "F" is the farad too,
     // and a temperature interval keeps its "°" or "deg".
     const QString withoutDegree = withoutDegrees(typed);
     if (withoutDegree != typed && (withoutDegree.size() > 1 || temperature))
-        add(TypedSymbol, withoutDegree, q, j, symbol);
+        m_table.add(TypedSymbol, withoutDegree, q, j, symbol);
     const QString swapped = swappedFactors(form);
     if (!swapped.isEmpty())
-        add(SwappedSymbol, typedKey(swapped), q, j, symbol);
+        m_table.add(SwappedSymbol, typedKey(swapped), q, j, symbol);
 }
 
 // Made on the first text that matches nothing in the case typed: most never need it. Symbols
 // in the other order stay out: two liberties at once read "ha" as "A·h".
-const QVector<UnitMatcher::Entry> &UnitMatcher::otherCaseEntries()
+const UnitMatcher::Table &UnitMatcher::otherCase()
 {
     if (!m_otherCaseMade) {
         m_otherCaseMade = true;
-        for (const Entry &entry : std::as_const(m_entries))
-            if (entry.rank == Alias || entry.rank == TypedSymbol) {
-                const QString key = entry.key.toCaseFolded();
-                m_otherCase.append(Entry { order(OtherCase, key), OtherCase, key, entry.quantity,
-                    entry.unit, entry.form });
-            }
-        sortEntries(m_otherCase);
+        for (const Entry &entry : std::as_const(m_table.entries))
+            if (entry.rank == Alias || entry.rank == Symbol || entry.rank == TypedSymbol)
+                m_otherCase.add(
+                    OtherCase, entry.key.toCaseFolded(), entry.quantity, entry.unit, entry.form);
+        m_otherCase.sort();
     }
     return m_otherCase;
-}
-
-void UnitMatcher::collect(
-    const QVector<Entry> &entries, Rank rank, const QString &key, QVector<Match> &found) const
-{
-    if (key.isEmpty())
-        return;
-    const quint64 wanted = order(rank, key);
-    auto entry = std::lower_bound(entries.cbegin(), entries.cend(), wanted,
-        [](const Entry &e, quint64 w) { return e.order < w; });
-    for (; entry != entries.cend() && entry->order == wanted; ++entry)
-        if (entry->key == key)
-            found.append(Match { entry->quantity, entry->unit, rank, entry->form });
 }
 
 const QVector<UnitMatcher::Match> &UnitMatcher::matches(const QString &text)
@@ -363,15 +372,19 @@ const QVector<UnitMatcher::Match> &UnitMatcher::matches(const QString &text)
     const QString form = symbolForm(text);
     const QString typed = typedKey(form);
     QVector<Match> found;
-    collect(m_entries, FullName, text, found);
-    collect(m_entries, Name, name, found);
-    collect(m_entries, Alias, typed, found);
-    collect(m_entries, BareName, name, found);
-    collect(m_entries, Symbol, form, found);
-    collect(m_entries, TypedSymbol, typed, found);
-    collect(m_entries, SwappedSymbol, typed, found);
+    m_table.collect(Name, name, found);
+    for (Match &match : found)
+        if (match.form == text)
+            match.rank = FullName;
+    m_table.collect(Alias, typed, found);
+    m_table.collect(BareName, name, found);
+    m_table.collect(Symbol, form, found);
+    if (typed != form)
+        m_table.collect(Symbol, typed, found, TypedSymbol);
+    m_table.collect(TypedSymbol, typed, found);
+    m_table.collect(SwappedSymbol, typed, found);
     if (found.isEmpty()) {
-        collect(otherCaseEntries(), OtherCase, typed.toCaseFolded(), found);
+        otherCase().collect(OtherCase, typed.toCaseFolded(), found);
         // Milli and mega differ only in case: "Mm" is not "mm", whatever else it may be.
         const QChar first = typed.isEmpty() ? QChar() : typed.front();
         found.removeIf([first](const Match &match) {

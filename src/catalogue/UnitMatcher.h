@@ -25,6 +25,8 @@
 #include <QStringList>
 #include <QVector>
 
+#include <utility>
+
 class Catalogue;
 
 class UnitMatcher
@@ -93,7 +95,6 @@ private:
     // One form of a unit's name under which a text finds it: the key a text is compared by,
     // and the form as the catalogue or the alias table writes it.
     struct Entry {
-        quint64 order; // the rank, then the key's hash: entries are sorted by it
         Rank rank;
         QString key;
         int quantity;
@@ -101,19 +102,31 @@ private:
         QString form;
     };
 
+    // Entries found by rank and key through a binary search over one number for each: the
+    // rank in the top bits, the key's hash below. Keys whose hashes meet are told apart by
+    // comparing them.
+    struct Table {
+        QVector<Entry> entries;
+        QVector<std::pair<quint64, qsizetype>> order; // sorted once all entries are in
+
+        void add(Rank rank, const QString &key, int q, int j, const QString &form);
+        void sort();
+        // The entries of that rank and key, as matches of reportedRank.
+        void collect(Rank rank, const QString &key, QVector<Match> &found, Rank reportedRank) const;
+        void collect(Rank rank, const QString &key, QVector<Match> &found) const
+        {
+            collect(rank, key, found, rank);
+        }
+    };
+
     void addUnit(int q, int j, bool temperature);
     void addSymbol(int q, int j, const QString &symbol, bool temperature);
-    void add(Rank rank, const QString &key, int q, int j, const QString &form);
-    static quint64 order(Rank rank, const QString &key);
-    static void sortEntries(QVector<Entry> &entries);
-    void collect(
-        const QVector<Entry> &entries, Rank rank, const QString &key, QVector<Match> &found) const;
-    const QVector<Entry> &otherCaseEntries();
+    const Table &otherCase();
 
     const Catalogue &m_catalogue;
     QVector<UnitRef> m_units; // the enabled units, in catalogue order
-    QVector<Entry> m_entries; // sorted by their order
-    QVector<Entry> m_otherCase; // the symbols and aliases case-folded, made when first needed
+    Table m_table;
+    Table m_otherCase; // the symbols and aliases case-folded, made when first needed
     bool m_otherCaseMade = false;
     QHash<QString, QVector<Match>> m_cache;
 };
