@@ -75,7 +75,7 @@ public:
     UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::Alias> &aliases);
 
     // Every unit the text matches, best rank first, then in catalogue order; each unit once,
-    // with its best rank.
+    // with its best rank. The list is the matcher's own: copy it before matching another text.
     const QVector<Match> &matches(const QString &text);
     // The unit the text means, in quantity q, or in any enabled quantity when q is 0.
     Choice best(const QString &text, int q = 0);

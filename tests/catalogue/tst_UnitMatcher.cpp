@@ -25,7 +25,6 @@ private Q_SLOTS:
     void typedNames();
     void everyUnitIsFoundByItsNameAndSymbols();
     void everyAliasNamesABuiltInUnit();
-    void aliasFileFormat();
 
 private:
     QString describe(int q, int unit) const;
@@ -85,50 +84,39 @@ void tst_UnitMatcher::typedNames_data()
     }
 }
 
+// "none", the one name found, or "ambiguous: " and the names tied.
+static QString verdict(UnitMatcher::Outcome outcome, const QStringList &names)
+{
+    if (outcome == UnitMatcher::Outcome::None)
+        return QStringLiteral("none");
+    if (outcome == UnitMatcher::Outcome::Found)
+        return names.first();
+    return QStringLiteral("ambiguous: ") + names.join(QStringLiteral("; "));
+}
+
 void tst_UnitMatcher::typedNames()
 {
     QFETCH(QString, typed);
     QFETCH(QString, context);
     QFETCH(QString, expected);
 
-    QString got;
+    QStringList names;
     if (context.startsWith(QStringLiteral("with "))) {
         const UnitMatcher::QuantityChoice choice = m_matcher->quantityOf(typed, context.mid(5));
-        QStringList names;
         for (int q : choice.quantities)
             names.append(m_catalogue.Quantities[q].Name);
-        got = choice.outcome == UnitMatcher::Outcome::None ? QStringLiteral("none")
-            : choice.outcome == UnitMatcher::Outcome::Found
-            ? names.first()
-            : QStringLiteral("ambiguous: ") + names.join(QStringLiteral("; "));
-        QCOMPARE(got, expected);
+        QCOMPARE(verdict(choice.outcome, names), expected);
         return;
     }
-
-    int q = 0;
-    if (context.startsWith(QStringLiteral("in "))) {
-        q = m_catalogue.findQuantity(context.mid(3));
-        QVERIFY(q != 0);
-    }
+    const int q = context.isEmpty() ? 0 : m_catalogue.findQuantity(context.mid(3));
+    QVERIFY(context.isEmpty() || q != 0);
     const UnitMatcher::Choice choice = m_matcher->best(typed, q);
-    QStringList units;
     for (const UnitMatcher::Match &match : choice.candidates)
-        units.append(describe(match.quantity, match.unit));
-    switch (choice.outcome) {
-    case UnitMatcher::Outcome::Found:
-        got = units.first();
-        break;
-    case UnitMatcher::Outcome::Ambiguous:
-        got = QStringLiteral("ambiguous: ") + units.join(QStringLiteral("; "));
-        break;
-    case UnitMatcher::Outcome::None: {
-        got = QStringLiteral("none");
-        const QVector<UnitMatcher::UnitRef> closest = m_matcher->closest(typed, q);
-        if (expected.contains(QStringLiteral(" → ")) && !closest.isEmpty())
-            got += QStringLiteral(" → ") + describe(closest.first().quantity, closest.first().unit);
-        break;
-    }
-    }
+        names.append(describe(match.quantity, match.unit));
+    QString got = verdict(choice.outcome, names);
+    const QVector<UnitMatcher::UnitRef> closest = m_matcher->closest(typed, q);
+    if (expected.contains(QStringLiteral(" → ")) && !closest.isEmpty())
+        got += QStringLiteral(" → ") + describe(closest.first().quantity, closest.first().unit);
     QCOMPARE(got, expected);
 }
 
@@ -176,18 +164,6 @@ void tst_UnitMatcher::everyAliasNamesABuiltInUnit()
         const int q = builtin.findQuantity(alias.quantity);
         QVERIFY2(q != 0 && builtin.findUnit(q, alias.unit) != 0, qPrintable(alias.alias));
     }
-}
-
-void tst_UnitMatcher::aliasFileFormat()
-{
-    const QVector<UnitAliases::Alias> aliases
-        = UnitAliases::parse("# comment\n\ncfm\tcubic foot per minute (ft³/min)\tFlow\r\n"
-                             "only two\tfields\n\tno alias\tFlow\nsq ft\tsquare foot (ft²)\tArea");
-    QCOMPARE(aliases.size(), 2);
-    QCOMPARE(aliases[0].alias, QStringLiteral("cfm"));
-    QCOMPARE(aliases[0].unit, QStringLiteral("cubic foot per minute (ft³/min)"));
-    QCOMPARE(aliases[0].quantity, QStringLiteral("Flow"));
-    QCOMPARE(aliases[1].alias, QStringLiteral("sq ft"));
 }
 
 QTEST_GUILESS_MAIN(tst_UnitMatcher)
