@@ -69,8 +69,9 @@ CliConverter::Outcome CliConverter::convertResolved(
     outcome.note = readAs(value, reading);
     m_catalogue.CurrentQuantity = resolution.quantity;
     const auto &units = m_catalogue.Units[resolution.quantity];
-    ConversionResult result = m_engine.UpdateResult(
-        units[resolution.fromUnit].Name, units[resolution.toUnit].Name, value);
+    // What UpdateResult does with a value and two units, without reading the value again.
+    ConversionResult result = m_engine.convertCaught(
+        units[resolution.fromUnit].Name, units[resolution.toUnit].Name, reading.value);
     outcome.text = std::move(result.text);
     if (result.statusText)
         outcome.statusText = std::move(*result.statusText);

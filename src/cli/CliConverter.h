@@ -2,9 +2,10 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // One conversion of the command line, done as the main window does it: the quantity becomes
-// the catalogue's current one and the value's raw text goes to ConversionEngine::UpdateResult,
-// so the result is the very text the result box would show. What the window would show in
-// message boxes comes back as error or warning texts, with the exit status they mean.
+// the catalogue's current one and the value, read as the value box's text is read, goes to the
+// conversion that ConversionEngine::UpdateResult runs, so the result is the very text the
+// result box would show. What the window would show in message boxes comes back as error or
+// warning texts, with the exit status they mean.
 #pragma once
 
 #include "cli/UnitLookup.h"
