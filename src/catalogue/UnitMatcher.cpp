@@ -242,14 +242,19 @@ QString latinLookAlikes(const QString &text)
     return latin;
 }
 
+// The number an entry is sorted and searched by: its rank in the top bits, its key's hash below.
+quint64 orderOf(int rank, const QString &key)
+{
+    return (quint64(rank) << 56) | (quint64(qHash(key)) & ((quint64(1) << 56) - 1));
+}
+
 } // namespace
 
 void UnitMatcher::Table::add(Rank rank, const QString &key, int q, int j, const QString &form)
 {
     if (key.isEmpty())
         return;
-    const quint64 hash = quint64(qHash(key)) & ((quint64(1) << 56) - 1);
-    order.append({ (quint64(rank) << 56) | hash, entries.size() });
+    order.append({ orderOf(rank, key), entries.size() });
     entries.append(Entry { rank, key, q, j, form });
 }
 
@@ -266,7 +271,7 @@ void UnitMatcher::Table::collect(
 {
     if (key.isEmpty())
         return;
-    const quint64 wanted = (quint64(rank) << 56) | (quint64(qHash(key)) & ((quint64(1) << 56) - 1));
+    const quint64 wanted = orderOf(rank, key);
     auto at = std::lower_bound(order.cbegin(), order.cend(), wanted,
         [](const auto &item, quint64 value) { return item.first < value; });
     for (; at != order.cend() && at->first == wanted; ++at) {
@@ -284,12 +289,12 @@ UnitMatcher::UnitMatcher(const Catalogue &catalogue)
 UnitMatcher::UnitMatcher(const Catalogue &catalogue, const QVector<UnitAliases::Alias> &aliases)
     : m_catalogue(catalogue)
 {
-    // About seven entries a unit: its name and bare name three times, each symbol two or three.
+    // Room for about five entries a unit: its name, its bare name, each symbol once or twice.
     qsizetype units = 0;
     for (int q = 1; q <= catalogue.QuantityCount; ++q)
         units += catalogue.Quantities[q].UnitCount;
-    m_table.entries.reserve(7 * units);
-    m_table.order.reserve(7 * units);
+    m_table.entries.reserve(5 * units);
+    m_table.order.reserve(5 * units);
     for (int q = 1; q <= catalogue.QuantityCount; ++q) {
         if (!catalogue.Quantities[q].enabled())
             continue;
