@@ -116,6 +116,8 @@ void BatchConverter::convertLine(QByteArrayView line, OutputBuffer &out, OutputB
     const UnitLookup::Resolution &resolved = resolution(names, from, to, quantity);
     const CliConverter::Outcome outcome
         = m_converter.convertResolved(QString::fromUtf8(value), resolved);
+    if (!outcome.note.isEmpty())
+        errors.line(CliText::notePrefix() + CliText::batchLine(m_lines, outcome.note));
     if (!outcome.warning.isEmpty())
         errors.line(CliText::warningPrefix() + CliText::batchLine(m_lines, outcome.warning));
     if (outcome.exitStatus != CliConverter::Success) {

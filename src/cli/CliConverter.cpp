@@ -3,8 +3,9 @@
 #include "cli/CliConverter.h"
 
 #include "catalogue/Catalogue.h"
+#include "catalogue/StringTable.h"
 #include "cli/CliText.h"
-#include "convert/NumberFilter.h"
+#include <cmath>
 
 CliConverter::CliConverter(Catalogue &catalogue, const Settings &settings)
     : m_catalogue(catalogue)
@@ -15,13 +16,27 @@ CliConverter::CliConverter(Catalogue &catalogue, const Settings &settings)
 
 bool CliConverter::isNumber(QStringView value)
 {
-    // The filter always keeps a leading sign or digit; only other texts need the whole scan.
-    if (!value.isEmpty()) {
-        const QChar first = value.front();
-        if ((first >= u'0' && first <= u'9') || first == u'-' || first == u'+')
-            return true;
-    }
-    return !NumberFilter::filter(value.toString()).isEmpty();
+    return NumberText::readLeadingNumber(value).hasDigits;
+}
+
+QString CliConverter::readAs(const QString &value)
+{
+    return readAs(value, NumberText::readLeadingNumber(value));
+}
+
+QString CliConverter::readAs(const QString &value, const NumberText::LeadingNumber &reading)
+{
+    // Beyond the range of a double the conversion fails, which says enough.
+    if (!reading.hasDigits || reading.length == value.size() || !std::isfinite(reading.value))
+        return QString();
+    return CliText::valueReadAs(value, NumberText::shortestText(reading.value));
+}
+
+QString CliConverter::messageText(const QString &text)
+{
+    static constexpr int TryAgainId = 321;
+    static const QString tryAgain = QStringLiteral("\n\n") + StringTable::text(TryAgainId);
+    return text.endsWith(tryAgain) ? text.chopped(tryAgain.size()) : text;
 }
 
 CliConverter::Outcome CliConverter::convert(
@@ -40,7 +55,8 @@ CliConverter::Outcome CliConverter::convertResolved(
     const QString &value, const UnitLookup::Resolution &resolution)
 {
     Outcome outcome;
-    if (!isNumber(value)) {
+    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(value);
+    if (!reading.hasDigits) {
         outcome.exitStatus = BadInput;
         outcome.errors.append(CliText::notANumber(value));
         return outcome;
@@ -50,22 +66,24 @@ CliConverter::Outcome CliConverter::convertResolved(
         outcome.errors.append(resolution.error);
         return outcome;
     }
+    outcome.note = readAs(value, reading);
     m_catalogue.CurrentQuantity = resolution.quantity;
     const auto &units = m_catalogue.Units[resolution.quantity];
-    ConversionResult result = m_engine.UpdateResult(
-        units[resolution.fromUnit].Name, units[resolution.toUnit].Name, value);
+    // What UpdateResult does with a value and two units, without reading the value again.
+    ConversionResult result = m_engine.convertCaught(
+        units[resolution.fromUnit].Name, units[resolution.toUnit].Name, reading.value);
     outcome.text = std::move(result.text);
     if (result.statusText)
         outcome.statusText = std::move(*result.statusText);
     qsizetype firstError = 0;
     if (result.replacedEntry && !result.notices.isEmpty()) {
         // Below absolute zero: the window corrects the value and converts that.
-        outcome.warning
-            = result.notices.first().text + CliText::valueTakenAs(*result.replacedEntry);
+        outcome.warning = messageText(result.notices.first().text)
+            + CliText::valueTakenAs(*result.replacedEntry);
         firstError = 1;
     }
     for (qsizetype i = firstError; i < result.notices.size(); ++i)
-        outcome.errors.append(result.notices[i].text);
+        outcome.errors.append(messageText(result.notices[i].text));
     if (!outcome.errors.isEmpty())
         outcome.exitStatus = ConversionFailed;
     return outcome;

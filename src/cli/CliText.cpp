@@ -8,6 +8,7 @@ QString CliText::help()
   mensura-cli convert VALUE FROM_UNIT TO_UNIT [--quantity NAME] [options]
   mensura-cli convert --batch [--quantity NAME] [options] < LINES
   mensura-cli units [QUANTITY] [--tsv] [--all] [--hive FILE]
+  mensura-cli units --find TEXT [--quantity NAME] [--tsv] [--hive FILE]
   mensura-cli report VALUE FROM_UNIT [--quantity NAME] [-o FILE] [options]
   mensura-cli records FILE [--csv]
   mensura-cli --help | --version
@@ -21,7 +22,10 @@ Commands:
                  after the other.
   units          Lists the quantities (in the main window's alphabetical order), or the
                  units of QUANTITY with their factor text (how many default units one
-                 unit is) and whether that factor is exact.
+                 unit is) and whether that factor is exact. With --find TEXT, lists every
+                 unit TEXT matches, best first, with its quantity, its rank (1 is best)
+                 and how it matched, and says which unit TEXT names: what convert and
+                 report would take it for.
   report         Converts VALUE from FROM_UNIT into every enabled unit of its quantity, as
                  Mensura's "save all conversions" does. Without -o the report goes to
                  standard output; with -o FILE it is saved as a conversions file that
@@ -34,28 +38,46 @@ Commands:
 
 The value:
   VALUE is read as the main window reads its value box: the number at its start counts
-  ("12kg" is 12, "1 234.5" is 1234.5, "+" alone is 0), "." is the decimal point and E, e,
-  D or d starts an exponent. A value that does not start like a number ("abc", "") is
-  refused. A negative value is written as it is ("-40"); "--" ends the options.
+  ("1 234.5" is 1234.5, blanks and tabs around it are ignored), "." is the decimal point
+  and E, e, D or d starts an exponent. When only the start of VALUE is a number, the
+  result is written and a note on standard error says what VALUE was read as
+  (note: "1,500" was read as 1; "12kg" is 12, "3/8" is 3). A value without a digit at
+  its start ("abc", "e5", "+", "-inf", "") is refused. A negative value is written as it
+  is ("-40"); "--" ends the options.
 
 Units and quantities:
   Only the enabled quantities and their enabled units are used, as the main window lists
-  them (your own catalogue, or the one of --hive). A unit may be named by its full name
-  ("metre (m)") in any letter case, by its name without the parts in brackets ("metre"),
-  or by a symbol in brackets ("m"; letter case matters there). A quantity is named in
-  any letter case. Without --quantity, the quantity is the one that holds both units; a
-  match by full name is preferred to one by a shorter form. When several quantities hold
-  them equally well, or none holds both, nothing is converted and the candidates are named.
+  them (your own catalogue, or the one of --hive). A unit may be named, from the best
+  match to the loosest (the ranks of --find):
+    1 by its full name ("metre (m)"),
+    2 by its full name in any letter case, accents and hyphens aside, "meter" for "metre",
+    3 by a common name the catalogue lacks ("cfm", "psig", "sq ft", "lbs", "ton" for the
+      short ton, "L" for the litre),
+    4 by its name without the parts in brackets ("metre"),
+    5 by a symbol in brackets ("m", "kPa"; letter case matters there: "mm" is not "Mm"),
+    6 by that symbol as typed on a plain keyboard: "·" as ".", "-", a blank or nothing
+      ("kWh", "N-m", "lbf ft"), "²" and "³" as "2" or "^2" ("m2", "ft^3/min"), "µ" as "u"
+      ("um"), "°" as "deg" or left out ("degF"; "F" and "C" alone only for Temperature),
+      "Ω" as "ohm",
+    7 by a symbol of two factors in the other order ("lbf-ft" for "ft·lbf"),
+    8 by a symbol or common name in another letter case ("KWH", "Psi"), when nothing
+      matches as typed.
+  A quantity is named in any letter case. Without --quantity, the quantity is the one that
+  holds both units ("98.6 F C" is a temperature: Capacitance has no "C", Charge no "F"); the
+  one where both match best wins. When units or quantities tie, or none holds both,
+  nothing is converted and the candidates are named. "°F" and "°C" (also "degF", "degC")
+  are units of Temperature and of Temperature Interval: choose one with --quantity.
 
 Options:
   --quantity NAME  Converts within that quantity (in batch mode: for the lines that do not
-                   name one).
+                   name one); units --find: matches within that quantity only.
   --verbose        Also prints the status text (figures allowed and chosen) on a second
                    line; in batch mode after a tab on the result line.
   --batch          Reads lines VALUE<TAB>FROM_UNIT<TAB>TO_UNIT[<TAB>QUANTITY] from
                    standard input and writes one line per input line, in order. A line that
                    cannot be converted gives a line "error: line N: why" and the run goes
-                   on; the exit status is then 1.
+                   on; the exit status is then 1. Notes and warnings about a line go to
+                   standard error as "note: line N: ..." and "warning: line N: ...".
   --sigfigs N      Significant figures, 1 to 13 (default: the stored setting, else 7).
   --scientific     Always scientific notation.
   --regular        Regular notation between --min and --max (overrides a stored setting).
@@ -73,6 +95,10 @@ Options:
                      units:      NAME, FACTOR, exact|inexact|formula, default|"",
                                  builtin|custom, on|off
   --all            units: also the switched-off quantities and units.
+  --find TEXT      units: what TEXT matches as a unit name (see above); with --tsv, lines
+                   RANK, how (full-name, name, alias, bare-name, symbol, typed-symbol,
+                   swapped-symbol, other-case), UNIT, QUANTITY, the form matched, and
+                   chosen, tied or "".
   -o, --output FILE
                    report: saves the report in FILE instead of printing it. An existing
                    file is replaced only once the new one is written whole.
@@ -100,6 +126,8 @@ Examples:
   mensura-cli convert -40 Celsius Fahrenheit --sigfigs 3 --verbose
   printf '12\tinch\tm\n100\tCelsius\tkelvin\n' | mensura-cli convert --batch
   mensura-cli units Temperature --tsv
+  mensura-cli units --find lbf-ft
+  mensura-cli convert 45 lbf-ft N-m
   mensura-cli report 1 "inch (in)" -o inch.txt
   mensura-cli records inch.txt --csv > inch.csv
 )help");
@@ -170,6 +198,17 @@ QString CliText::outputOnlyForReport()
     return QStringLiteral("-o FILE is for the report command only. %1").arg(seeHelp());
 }
 
+QString CliText::findOnlyForUnits()
+{
+    return QStringLiteral("--find TEXT is for the units command only. %1").arg(seeHelp());
+}
+
+QString CliText::findTakesNoQuantity()
+{
+    return QStringLiteral("units --find TEXT takes no QUANTITY; name one with --quantity. %1")
+        .arg(seeHelp());
+}
+
 QString CliText::sigFigsRange(const QString &given)
 {
     return QStringLiteral("--sigfigs must be a whole number from 1 to 13, not \"%1\".").arg(given);
@@ -213,9 +252,22 @@ QString CliText::storeProblem(const QString &description)
     return QStringLiteral("the settings store holds a bad value: %1").arg(description);
 }
 
+QString CliText::quoted(const QString &text)
+{
+    static constexpr qsizetype Longest = 60;
+    if (text.size() <= Longest)
+        return u'"' + text + u'"';
+    return u'"' + text.left(Longest - 1) + QChar(0x2026) + u'"';
+}
+
 QString CliText::notANumber(const QString &value)
 {
-    return QStringLiteral("\"%1\" is not a number.").arg(value);
+    return QStringLiteral("%1 is not a number.").arg(quoted(value));
+}
+
+QString CliText::valueReadAs(const QString &value, const QString &number)
+{
+    return QStringLiteral("%1 was read as %2").arg(quoted(value), number);
 }
 
 static QString suggestionList(const QStringList &suggestions)
@@ -227,7 +279,7 @@ static QString suggestionList(const QStringList &suggestions)
 
 QString CliText::unknownQuantity(const QString &name, const QStringList &suggestions)
 {
-    QString text = QStringLiteral("unknown quantity \"%1\".").arg(name);
+    QString text = QStringLiteral("unknown quantity %1.").arg(quoted(name));
     if (suggestions.isEmpty())
         return text + QStringLiteral(" \"mensura-cli units\" lists the quantities.");
     return text + suggestionList(suggestions);
@@ -242,8 +294,8 @@ QString CliText::unknownUnit(
     const QString &name, const QString &quantity, const QStringList &suggestions)
 {
     QString text = quantity.isEmpty()
-        ? QStringLiteral("unknown unit \"%1\".").arg(name)
-        : QStringLiteral("unknown unit \"%1\" in %2.").arg(name, quantity);
+        ? QStringLiteral("unknown unit %1.").arg(quoted(name))
+        : QStringLiteral("unknown unit %1 in %2.").arg(quoted(name), quantity);
     if (suggestions.isEmpty())
         return text + u' ' + unitListHint();
     return text + suggestionList(suggestions);
@@ -258,30 +310,30 @@ QString CliText::unitSwitchedOff(const QString &name, const QString &quantity)
 QString CliText::ambiguousUnit(
     const QString &name, const QString &quantity, const QStringList &candidates)
 {
-    return QStringLiteral("\"%1\" names several units of %2: %3. Give the full name.")
-        .arg(name, quantity, candidates.join(QStringLiteral("; ")));
+    return QStringLiteral("%1 names several units of %2: %3. Give the full name.")
+        .arg(quoted(name), quantity, candidates.join(QStringLiteral("; ")));
 }
 
 QString CliText::noCommonQuantity(const QString &from, const QStringList &fromQuantities,
     const QString &to, const QStringList &toQuantities)
 {
-    return QStringLiteral("no quantity holds both \"%1\" (%2) and \"%3\" (%4).")
-        .arg(from, fromQuantities.join(QStringLiteral(", ")), to,
+    return QStringLiteral("no quantity holds both %1 (%2) and %3 (%4).")
+        .arg(quoted(from), fromQuantities.join(QStringLiteral(", ")), quoted(to),
             toQuantities.join(QStringLiteral(", ")));
 }
 
 QString CliText::severalQuantities(
     const QString &from, const QString &to, const QStringList &quantities)
 {
-    return QStringLiteral("\"%1\" and \"%2\" are units of several quantities: %3. "
+    return QStringLiteral("%1 and %2 are units of several quantities: %3. "
                           "Choose one with --quantity.")
-        .arg(from, to, quantities.join(QStringLiteral(", ")));
+        .arg(quoted(from), quoted(to), quantities.join(QStringLiteral(", ")));
 }
 
 QString CliText::unitOfSeveralQuantities(const QString &unit, const QStringList &quantities)
 {
-    return QStringLiteral("\"%1\" is a unit of several quantities: %2. Choose one with --quantity.")
-        .arg(unit, quantities.join(QStringLiteral(", ")));
+    return QStringLiteral("%1 is a unit of several quantities: %2. Choose one with --quantity.")
+        .arg(quoted(unit), quantities.join(QStringLiteral(", ")));
 }
 
 QString CliText::unitListHint()
@@ -322,6 +374,11 @@ QString CliText::errorPrefix()
 QString CliText::warningPrefix()
 {
     return QStringLiteral("warning: ");
+}
+
+QString CliText::notePrefix()
+{
+    return QStringLiteral("note: ");
 }
 
 QString CliText::valueTakenAs(const QString &value)
@@ -402,4 +459,78 @@ QString CliText::onWord()
 QString CliText::offWord()
 {
     return QStringLiteral("off");
+}
+
+QStringList CliText::matchColumns()
+{
+    return { QStringLiteral("rank"), QStringLiteral("unit"), QStringLiteral("quantity"),
+        QStringLiteral("matched as") };
+}
+
+QString CliText::rankText(UnitMatcher::Rank rank, const QString &form)
+{
+    switch (rank) {
+    case UnitMatcher::FullName:
+        return QStringLiteral("full name");
+    case UnitMatcher::Name:
+        return QStringLiteral("full name, other letter case or spelling");
+    case UnitMatcher::Alias:
+        return QStringLiteral("common name %1").arg(form);
+    case UnitMatcher::BareName:
+        return QStringLiteral("name without brackets");
+    case UnitMatcher::Symbol:
+        return QStringLiteral("symbol %1").arg(form);
+    case UnitMatcher::TypedSymbol:
+        return QStringLiteral("symbol %1 as typed on a keyboard").arg(form);
+    case UnitMatcher::SwappedSymbol:
+        return QStringLiteral("symbol %1 with its factors swapped").arg(form);
+    case UnitMatcher::OtherCase:
+        return QStringLiteral("%1 in another letter case").arg(form);
+    }
+    return QString();
+}
+
+QString CliText::rankWord(UnitMatcher::Rank rank)
+{
+    switch (rank) {
+    case UnitMatcher::FullName:
+        return QStringLiteral("full-name");
+    case UnitMatcher::Name:
+        return QStringLiteral("name");
+    case UnitMatcher::Alias:
+        return QStringLiteral("alias");
+    case UnitMatcher::BareName:
+        return QStringLiteral("bare-name");
+    case UnitMatcher::Symbol:
+        return QStringLiteral("symbol");
+    case UnitMatcher::TypedSymbol:
+        return QStringLiteral("typed-symbol");
+    case UnitMatcher::SwappedSymbol:
+        return QStringLiteral("swapped-symbol");
+    case UnitMatcher::OtherCase:
+        return QStringLiteral("other-case");
+    }
+    return QString();
+}
+
+QString CliText::findFound(const QString &text, const QString &unit, const QString &quantity)
+{
+    return QStringLiteral("%1 is %2 [%3].").arg(quoted(text), unit, quantity);
+}
+
+QString CliText::findTied(const QString &text, int count)
+{
+    return QStringLiteral("%1 names no one unit: %2 match it equally well.")
+        .arg(quoted(text))
+        .arg(count);
+}
+
+QString CliText::chosenWord()
+{
+    return QStringLiteral("chosen");
+}
+
+QString CliText::tiedWord()
+{
+    return QStringLiteral("tied");
 }

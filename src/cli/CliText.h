@@ -7,12 +7,18 @@
 // English usage lives here, in this one file.
 #pragma once
 
+#include "catalogue/UnitMatcher.h"
+
 #include <QString>
 #include <QStringList>
 
 class CliText
 {
 public:
+    // A text the user gave, in quotes; a very long one cut short, so that a message stays
+    // readable whatever was typed.
+    static QString quoted(const QString &text);
+
     static QString help();
     static QString version();
     static QString seeHelp();
@@ -28,6 +34,8 @@ public:
     static QString reportArguments();
     static QString recordsArguments();
     static QString outputOnlyForReport();
+    static QString findOnlyForUnits();
+    static QString findTakesNoQuantity();
     static QString sigFigsRange(const QString &given);
     static QString maxRange(const QString &given);
     static QString minRange(const QString &given);
@@ -41,6 +49,7 @@ public:
 
     // Values and names
     static QString notANumber(const QString &value);
+    static QString valueReadAs(const QString &value, const QString &number);
     static QString unknownQuantity(const QString &name, const QStringList &suggestions);
     static QString quantitySwitchedOff(const QString &name);
     static QString unknownUnit(
@@ -65,6 +74,7 @@ public:
     // Conversion messages on the error stream
     static QString errorPrefix();
     static QString warningPrefix();
+    static QString notePrefix();
     static QString valueTakenAs(const QString &value);
 
     // The units listing
@@ -78,6 +88,13 @@ public:
     static QString exactWord();
     static QString inexactWord();
     static QString formulaWord();
+    static QStringList matchColumns();
+    static QString rankText(UnitMatcher::Rank rank, const QString &form);
+    static QString rankWord(UnitMatcher::Rank rank);
+    static QString findFound(const QString &text, const QString &unit, const QString &quantity);
+    static QString findTied(const QString &text, int count);
+    static QString chosenWord();
+    static QString tiedWord();
     static QString byFormula();
     static QString builtinWord();
     static QString customWord();

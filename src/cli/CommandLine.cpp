@@ -103,6 +103,8 @@ bool CommandLine::parse(const QStringList &arguments)
         return fail(CliText::noCommand());
     if (!output.isEmpty() && commandWord != QStringLiteral("report"))
         return fail(CliText::outputOnlyForReport());
+    if (find && commandWord != QStringLiteral("units"))
+        return fail(CliText::findOnlyForUnits());
     if (commandWord == QStringLiteral("help")) {
         command = Command::Help;
     } else if (commandWord == QStringLiteral("convert")) {
@@ -118,6 +120,8 @@ bool CommandLine::parse(const QStringList &arguments)
     } else if (commandWord == QStringLiteral("units")) {
         if (operands.size() > 1)
             return fail(CliText::unitsArguments());
+        if (find && !operands.isEmpty())
+            return fail(CliText::findTakesNoQuantity());
         command = Command::Units;
     } else if (commandWord == QStringLiteral("report")) {
         if (operands.size() != 2)
@@ -139,8 +143,8 @@ bool CommandLine::takeOption(const QString &name, const std::optional<QString> &
 {
     const bool isOutput = name == QStringLiteral("-o") || name == QStringLiteral("--output");
     const bool takesValue = name == QStringLiteral("--quantity") || name == QStringLiteral("--hive")
-        || name == QStringLiteral("--sigfigs") || name == QStringLiteral("--max")
-        || name == QStringLiteral("--min") || isOutput;
+        || name == QStringLiteral("--find") || name == QStringLiteral("--sigfigs")
+        || name == QStringLiteral("--max") || name == QStringLiteral("--min") || isOutput;
     if (!takesValue)
         return fail(CliText::unknownOption(arguments[i]));
     QString value;
@@ -153,6 +157,8 @@ bool CommandLine::takeOption(const QString &name, const std::optional<QString> &
 
     if (name == QStringLiteral("--quantity")) {
         quantity = value;
+    } else if (name == QStringLiteral("--find")) {
+        find = value;
     } else if (name == QStringLiteral("--hive")) {
         if (value.isEmpty())
             return fail(CliText::missingOptionValue(name));

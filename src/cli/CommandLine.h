@@ -34,6 +34,7 @@ public:
     QString quantity; // --quantity, empty when not given
     QString hive; // --hive, empty when not given
     QString output; // -o or --output of report, empty when not given
+    std::optional<QString> find; // --find of units
     bool verbose = false;
     bool tsv = false;
     bool all = false;

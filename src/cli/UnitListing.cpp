@@ -129,6 +129,42 @@ QString UnitListing::units(int q) const
         + columns(rows, QStringLiteral("  "));
 }
 
+QString UnitListing::matches(const QString &text, const UnitMatcher::Choice &choice,
+    const QVector<UnitMatcher::Match> &matches) const
+{
+    auto isCandidate = [&choice](const UnitMatcher::Match &match) {
+        return std::any_of(choice.candidates.cbegin(), choice.candidates.cend(),
+            [&match](const UnitMatcher::Match &candidate) {
+                return candidate.quantity == match.quantity && candidate.unit == match.unit;
+            });
+    };
+    const bool found = choice.outcome == UnitMatcher::Outcome::Found;
+    QString lines;
+    QVector<QStringList> rows { CliText::matchColumns() };
+    for (const UnitMatcher::Match &match : matches) {
+        const QString &unit = m_catalogue.Units[match.quantity][match.unit].Name;
+        const QString &quantity = m_catalogue.Quantities[match.quantity].Name;
+        const QString rank = QString::number(int(match.rank) + 1);
+        if (m_tsv) {
+            const QString verdict = !isCandidate(match) ? QString()
+                : found                                 ? CliText::chosenWord()
+                                                        : CliText::tiedWord();
+            lines += tabbed(
+                { rank, CliText::rankWord(match.rank), unit, quantity, match.form, verdict });
+        } else {
+            rows.append({ rank, unit, quantity, CliText::rankText(match.rank, match.form) });
+        }
+    }
+    if (m_tsv)
+        return lines;
+    const UnitMatcher::Match &best = choice.candidates.first();
+    const QString verdict = found
+        ? CliText::findFound(text, m_catalogue.Units[best.quantity][best.unit].Name,
+            m_catalogue.Quantities[best.quantity].Name)
+        : CliText::findTied(text, int(choice.candidates.size()));
+    return verdict + u'\n' + columns(rows, QStringLiteral("  "));
+}
+
 int UnitListing::findQuantity(const QString &name) const
 {
     int folded = 0;

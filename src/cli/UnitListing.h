@@ -3,8 +3,11 @@
 //
 // "mensura-cli units": the quantities in the main window's alphabetical order, or the units
 // of one quantity in catalogue order with their factor text (how many default units one unit
-// is) and its exactness. Readable columns by default, tab-separated lines for scripts.
+// is) and its exactness, or what a typed name matches (--find). Readable columns by default,
+// tab-separated lines for scripts.
 #pragma once
+
+#include "catalogue/UnitMatcher.h"
 
 #include <QString>
 
@@ -18,6 +21,11 @@ public:
 
     QString quantities() const;
     QString units(int quantity) const;
+    // What text matches, best first, with each match's rank, unit, quantity and the form it
+    // matched; readable, a line first says which unit the text names, if any. choice is the
+    // matcher's verdict on them.
+    QString matches(const QString &text, const UnitMatcher::Choice &choice,
+        const QVector<UnitMatcher::Match> &matches) const;
 
     // The quantity of that name in any letter case (an exact match first) among those listed,
     // or 0.

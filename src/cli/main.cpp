@@ -12,6 +12,7 @@
 #include "cli/OutputBuffer.h"
 #include "cli/RecordsOutput.h"
 #include "cli/UnitListing.h"
+#include "cli/UnitLookup.h"
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
 #include "shell/Settings.h"
@@ -29,9 +30,40 @@
 namespace
 {
 
+// "units --find TEXT": what the text matches and which unit it names.
+int findUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
+    OutputBuffer &errors)
+{
+    UnitLookup lookup(catalogue);
+    int q = 0;
+    if (!commandLine.quantity.isEmpty()) {
+        const UnitLookup::QuantityAnswer answer = lookup.findQuantity(commandLine.quantity);
+        if (!answer.error.isEmpty()) {
+            errors.line(CliText::errorPrefix() + answer.error);
+            return CliConverter::BadInput;
+        }
+        q = answer.quantity;
+    }
+    const QString &text = *commandLine.find;
+    const UnitMatcher::Choice choice = lookup.matcher().best(text, q);
+    if (choice.outcome == UnitMatcher::Outcome::None) {
+        errors.line(CliText::errorPrefix() + lookup.unitError(text, q).simplified());
+        return CliConverter::BadInput;
+    }
+    QVector<UnitMatcher::Match> matches;
+    for (const UnitMatcher::Match &match : lookup.matcher().matches(text))
+        if (q == 0 || match.quantity == q)
+            matches.append(match);
+    const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
+    out.append(listing.matches(text, choice, matches));
+    return CliConverter::Success;
+}
+
 int listUnits(const CommandLine &commandLine, const Catalogue &catalogue, OutputBuffer &out,
     OutputBuffer &errors)
 {
+    if (commandLine.find)
+        return findUnits(commandLine, catalogue, out, errors);
     const UnitListing listing(catalogue, commandLine.tsv, commandLine.all);
     if (commandLine.operands.isEmpty()) {
         out.append(listing.quantities());
@@ -55,6 +87,8 @@ int convertOne(const CommandLine &commandLine, Catalogue &catalogue, const Setti
     const QStringList &operands = commandLine.operands;
     const CliConverter::Outcome outcome
         = converter.convert(operands[0], operands[1], operands[2], commandLine.quantity);
+    if (!outcome.note.isEmpty())
+        errors.line(CliText::notePrefix() + outcome.note.simplified());
     if (!outcome.warning.isEmpty())
         errors.line(CliText::warningPrefix() + outcome.warning.simplified());
     for (const QString &error : outcome.errors)
@@ -82,10 +116,13 @@ int writeReport(const CommandLine &commandLine, Catalogue &catalogue, const Sett
         errors.line(CliText::errorPrefix() + resolution.error);
         return CliConverter::BadInput;
     }
+    const QString note = CliConverter::readAs(value);
+    if (!note.isEmpty())
+        errors.line(CliText::notePrefix() + note.simplified());
     QList<Notice> notices;
     const UnitReport report = converter.report(value, resolution, &notices);
     for (const Notice &notice : std::as_const(notices))
-        errors.line(CliText::errorPrefix() + notice.text.simplified());
+        errors.line(CliText::errorPrefix() + CliConverter::messageText(notice.text).simplified());
     const int status = notices.isEmpty() ? CliConverter::Success : CliConverter::ConversionFailed;
 
     if (commandLine.output.isEmpty()) {

@@ -72,14 +72,15 @@ void tst_CliBatch::linesInOrderWithTheirErrors()
                              "1e308\tly\tm\n"
                              "1\tstride\tzero\n"
                              "3\tstride\thand-width\n"
-                             "1\tin\tm\tLength\textra\n";
+                             "1\tin\tm\tLength\textra\n"
+                             "1,500\tin\tmm\n"
+                             "dozen\tin\tmm\n";
     const CliRun run = batch(input);
     QCOMPARE(run.exitCode, 1);
     const QStringList lines = run.out.split(u'\n');
-    QCOMPARE(lines.size(), 12); // eleven lines and the end of the last one
+    QCOMPARE(lines.size(), 14); // thirteen lines and the end of the last one
     QCOMPARE(lines[0], QStringLiteral("0.304 800 0"));
-    QVERIFY2(lines[1].startsWith(QStringLiteral("error: line 2: \"abc\" is not a number")),
-        qPrintable(lines[1]));
+    QCOMPARE(lines[1], QStringLiteral("error: line 2: \"abc\" is not a number."));
     QCOMPARE(lines[2], QStringLiteral("212.000 0"));
     QVERIFY2(
         lines[3].startsWith(QStringLiteral("error: line 4: ")) && lines[3].contains(u"foot (ft)"),
@@ -88,19 +89,20 @@ void tst_CliBatch::linesInOrderWithTheirErrors()
         lines[4].startsWith(QStringLiteral("error: line 5: expected VALUE")), qPrintable(lines[4]));
     QVERIFY2(lines[5].startsWith(QStringLiteral("error: line 6: ")), qPrintable(lines[5]));
     QCOMPARE(lines[6], QStringLiteral("0.000 000 E+0")); // corrected to absolute zero
-    // The message's own line breaks become blanks: one output line per input line.
-    QCOMPARE(lines[7],
-        QStringLiteral("error: line 8: ")
-            + (StringTable::text(28) + u' ' + StringTable::text(321)).simplified());
+    // The message box's text alone, on one line.
+    QCOMPARE(lines[7], QStringLiteral("error: line 8: ") + StringTable::text(28));
     QCOMPARE(lines[8], QStringLiteral("error: line 9: ") + StringTable::text(5711));
     QCOMPARE(lines[9], QStringLiteral("23"));
     QVERIFY2(lines[10].startsWith(QStringLiteral("error: line 11: ")), qPrintable(lines[10]));
-    QCOMPARE(lines[11], QString());
+    QCOMPARE(lines[11], QStringLiteral("25.400 00")); // 1,500 is read as 1
+    QCOMPARE(lines[12], QStringLiteral("error: line 13: \"dozen\" is not a number."));
+    QCOMPARE(lines[13], QString());
 
     const QStringList errors = run.err.split(u'\n', Qt::SkipEmptyParts);
-    QCOMPARE(errors.size(), 2);
+    QCOMPARE(errors.size(), 3);
     QVERIFY(errors[0].startsWith(QStringLiteral("warning: line 7: ") + StringTable::text(371)));
-    QCOMPARE(errors[1], QStringLiteral("error: 7 of 11 lines could not be converted."));
+    QCOMPARE(errors[1], QStringLiteral("note: line 12: \"1,500\" was read as 1"));
+    QCOMPARE(errors[2], QStringLiteral("error: 8 of 13 lines could not be converted."));
 }
 
 void tst_CliBatch::quantityFieldAndOption_data()

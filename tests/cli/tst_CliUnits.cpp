@@ -24,6 +24,10 @@ private Q_SLOTS:
     void builtInUnitsCarryTheirFactors();
     void readableListing();
     void unknownOrSwitchedOffQuantity();
+    void findListsWhatATextMatches_data();
+    void findListsWhatATextMatches();
+    void findRefusals_data();
+    void findRefusals();
 
 private:
     QStringList tsv(const QStringList &arguments) const;
@@ -158,6 +162,80 @@ void tst_CliUnits::unknownOrSwitchedOffQuantity()
     const CliRun switchedOff = runCli({ "units", "Torque", "--hive", m_hive });
     QCOMPARE(switchedOff.exitCode, 2);
     QVERIFY2(switchedOff.err.contains(QStringLiteral("switched off")), qPrintable(switchedOff.err));
+}
+
+// Rank, how, unit, quantity, the form matched, and whether the unit is the one chosen. Torque
+// and fermi are switched off here; Reach is the user's own quantity.
+void tst_CliUnits::findListsWhatATextMatches_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QStringList>("expected");
+
+    QTest::newRow("common name before symbols")
+        << QStringList { "L" }
+        << QStringList { "3\talias\tlitre (l)\tVolume\tL\tchosen",
+               "5\tsymbol\tright angle (L)\tAngle\tL\t", "5\tsymbol\tlambert (L)\tLuminance\tL\t" };
+    QTest::newRow("a tie chooses nothing")
+        << QStringList { "mph" }
+        << QStringList { "5\tsymbol\tmilliphot (mph)\tIlluminance\tmph\ttied",
+               "5\tsymbol\tmile per hour (mph)\tVelocity\tmph\ttied" };
+    QTest::newRow("only within the quantity given")
+        << QStringList { "F", "--quantity", "temperature" }
+        << QStringList { "6\ttyped-symbol\tFahrenheit (°F)\tTemperature\t°F\tchosen" };
+    QTest::newRow("a switched-off quantity takes no part")
+        << QStringList { "lbf-ft" }
+        << QStringList { "7\tswapped-symbol\tfoot pound-force (ft·lbf)\tEnergy\tft·lbf\tchosen" };
+    QTest::newRow("the user's own unit in another case")
+        << QStringList { "STRIDE" } << QStringList { "2\tname\tstride\tReach\tstride\tchosen" };
+}
+
+void tst_CliUnits::findListsWhatATextMatches()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QStringList, expected);
+    QCOMPARE(tsv(QStringList { "units", "--find" } + arguments), expected);
+
+    // Readable: a line on the unit chosen, if any, then a heading and one line per match.
+    const CliRun run
+        = runCli(QStringList { "units", "--find" } + arguments + QStringList { "--hive", m_hive });
+    QCOMPARE(run.exitCode, 0);
+    const QStringList lines = run.outLines();
+    QCOMPARE(lines.size(), expected.size() + 2);
+    const QStringList chosen = expected.first().split(u'\t');
+    QCOMPARE(lines.first(),
+        chosen.last() == QStringLiteral("chosen")
+            ? QStringLiteral("\"%1\" is %2 [%3].").arg(arguments.first(), chosen[2], chosen[3])
+            : QStringLiteral("\"%1\" names no one unit: %2 match it equally well.")
+                  .arg(arguments.first())
+                  .arg(expected.size()));
+}
+
+void tst_CliUnits::findRefusals_data()
+{
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QString>("message");
+
+    QTest::newRow("look-alike letters") << QStringList { "units", "--find",
+        "\u043C" } << "error: unknown unit \"\u043C\". Closest names: metre (m) [Length].";
+    QTest::newRow("symbols only") << QStringList { "units", "--find", "%$#@!" }
+                                  << "error: unknown unit \"%$#@!\".";
+    QTest::newRow("a very long text is cut short in the message")
+        << QStringList { "units", "--find", QString(10000, u'x') }
+        << "error: unknown unit \"" + QString(59, u'x') + QStringLiteral("\u2026\".");
+    QTest::newRow("a quantity operand besides")
+        << QStringList { "units", "Length", "--find", "m" } << "error: units --find TEXT";
+    QTest::newRow("another command") << QStringList { "convert", "1", "m", "ft", "--find", "m" }
+                                     << "error: --find TEXT is for the units command only";
+}
+
+void tst_CliUnits::findRefusals()
+{
+    QFETCH(QStringList, arguments);
+    QFETCH(QString, message);
+    const CliRun run = runCli(arguments + QStringList { "--hive", m_hive });
+    QCOMPARE(run.exitCode, 2);
+    QCOMPARE(run.out, QString());
+    QVERIFY2(run.err.startsWith(message), qPrintable(run.err));
 }
 
 QTEST_GUILESS_MAIN(tst_CliUnits)
