@@ -18,14 +18,20 @@ constexpr int UnitsId = 379;
 } // namespace
 
 UnitSearch::UnitSearch(const Catalogue &catalogue)
+    : m_catalogue(catalogue)
 {
     for (int q = 1; q <= catalogue.QuantityCount; ++q) {
         const PhysicalQuantity &quantity = catalogue.quantity(q);
         if (!quantity.enabled())
             continue;
         ++m_quantityCount;
-        for (const QString &unit : catalogue.enabledUnitNames(q))
-            m_lines.append(lineFor(unit, quantity.Name));
+        for (int j = 1; j <= quantity.UnitCount; ++j) {
+            const UnitEntry &unit = catalogue.Units[q][j];
+            if (!unit.enabled())
+                continue;
+            m_lines.append(lineFor(unit.Name, quantity.Name));
+            m_units.append({ q, j });
+        }
     }
     m_foldedLines.reserve(m_lines.size());
     for (const QString &line : std::as_const(m_lines))
@@ -46,6 +52,27 @@ int UnitSearch::find(const QString &text) const
         if (m_foldedLines.at(i).startsWith(folded))
             return i;
     return -1;
+}
+
+UnitSearch::Found UnitSearch::search(const QString &text)
+{
+    Found found;
+    found.line = find(text);
+    if (found.line >= 0 || text.trimmed().isEmpty())
+        return found;
+    if (!m_matcher)
+        m_matcher.emplace(m_catalogue);
+    const UnitMatcher::Choice choice = m_matcher->best(text);
+    for (const UnitMatcher::Match &match : choice.candidates) {
+        const int line = int(m_units.indexOf(qMakePair(match.quantity, match.unit)));
+        if (line < 0)
+            continue;
+        if (found.line < 0)
+            found.line = line;
+        if (choice.outcome == UnitMatcher::Outcome::Ambiguous)
+            found.tied.append(m_lines.at(line));
+    }
+    return found;
 }
 
 QString UnitSearch::lineFor(const QString &unit, const QString &quantity)

@@ -3,12 +3,18 @@
 //
 // The find dialog's list and search without the window: one line "unit [Quantity]" for every
 // enabled unit of every enabled quantity, in catalogue order; the first line that begins with
-// a typed text, whatever its case; and a line taken apart again into unit and quantity for
-// the main window to go to. frmFind shows the lines and asks this class.
+// a typed text, whatever its case, or else the line of the unit the text names as people write
+// units ("psi", "kWh"; see UnitMatcher); and a line taken apart again into unit and quantity
+// for the main window to go to. frmFind shows the lines and asks this class.
 #pragma once
 
+#include "catalogue/UnitMatcher.h"
+
+#include <optional>
+#include <QPair>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 class Catalogue;
 
@@ -32,6 +38,15 @@ public:
     // begins every line, so it finds the first one, as the list box search does.
     int find(const QString &text) const;
 
+    // The line a typed text makes current: the first that begins with it; when none does, the
+    // line of the unit the text names. Several units named equally well are all in tied, and
+    // the first of them is the line; a text that names nothing finds no line (-1).
+    struct Found {
+        int line = -1;
+        QStringList tied;
+    };
+    Found search(const QString &text);
+
     // The line the list shows for a unit of a quantity.
     static QString lineFor(const QString &unit, const QString &quantity);
     // Takes a line apart at its first "[": the quantity is what follows it less the closing
@@ -41,7 +56,10 @@ public:
     static bool parseLine(const QString &line, Target *target);
 
 private:
+    const Catalogue &m_catalogue;
     QStringList m_lines;
+    QVector<QPair<int, int>> m_units; // each line's quantity and unit
     QStringList m_foldedLines; // m_lines case-folded once, so that each search only compares
     int m_quantityCount = 0;
+    std::optional<UnitMatcher> m_matcher; // made when a text first needs it
 };

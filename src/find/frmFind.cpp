@@ -26,6 +26,7 @@ constexpr int FindLabelId = 281; // "Type in a unit for Mensura to find:"
 constexpr int CaptionId = 282; // "Find Unit"
 constexpr int HelpId = 5301; // "&Help"
 constexpr int ListNameId = 5302;
+constexpr int TiedId = 5303; // "%1" also names %2
 } // namespace
 
 frmFind::frmFind(const Catalogue &catalogue, Session &session, Dialogs &dialogs,
@@ -130,7 +131,13 @@ void frmFind::PopulateFindListBox()
 void frmFind::txtFind_Change()
 {
     const QString text = txtFind->text();
-    const int row = m_search.find(text);
+    const UnitSearch::Found found = m_search.search(text);
+    const int row = found.line;
+    // Units named equally well: the first of them is the current line, the others are told.
+    const QString others = found.tied.mid(1).join(QStringLiteral("; "));
+    const QString tied = others.isEmpty() ? QString() : StringTable::text(TiedId).arg(text, others);
+    StatusBar->showMessage(tied);
+    StatusBar->setToolTip(tied);
     m_searching = true;
     if (row < 0) {
         lstFind->setCurrentRow(-1);

@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The find unit dialog driven as a user would: typing, clicking a line, going to a unit.
-#include "find/FakeMainWindow.h"
+// The find unit dialog of a running program, over the built-in catalogue and the test hive's own
+// quantities, driven as a user would: typing, clicking a line, going to a unit in the main
+// window.
 #include "find/frmFind.h"
-#include "find/TestCatalogue.h"
 #include "help/HelpTopics.h"
-#include "shell/MessageBoxDialogs.h"
+#include "main/QuantityTabBar.h"
+#include "support/GuiTestMain.h"
+#include "support/MainWindowFixture.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -15,70 +18,59 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
-#include <QTest>
 
-class tst_frmFind : public QObject
+class tst_frmFind : public QObject, MainWindowFixture
 {
     Q_OBJECT
 
-private Q_SLOTS:
+private slots:
     void init();
     void cleanup();
-    void listAndStatusBarAtLoad();
-    void typingSelectsTheFirstMatch_data();
-    void typingSelectsTheFirstMatch();
+    void typing_data();
+    void typing();
     void clearedTextDisablesGoToWithALineStillSelected();
-    void clickingALineCopiesItIntoTheTextBox();
-    void clickingALineScrollsNoFurtherThanNeeded_data();
-    void clickingALineScrollsNoFurtherThanNeeded();
-    void goToSelectsQuantityAndUnitAndCloses();
-    void enterInTheListGoesToTheUnit();
-    void enterInTheListDoesNothingWhileGoToIsDisabled();
-    void aNameWithABracketIsSplitAtIt();
-    void cancelClosesWithoutGoingAnywhere();
-    void helpAsksForTheFindTopic();
+    void clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded_data();
+    void clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded();
+    void goTo_data();
+    void goTo();
+    void cancelAndHelp();
 
 private:
     void typeText(const QString &text);
-    QString selectedLine() const;
+    QString currentLine() const;
 
-    Catalogue m_catalogue;
-    Session m_session;
-    MessageBoxDialogs m_dialogs; // the dialog asks nothing; a question would show up as a hang
-    std::unique_ptr<FakeMainWindow> m_main;
     std::unique_ptr<frmFind> m_find;
     QLineEdit *txtFind = nullptr;
     QListWidget *lstFind = nullptr;
     QPushButton *cmdGoTo = nullptr;
+    QStatusBar *StatusBar = nullptr;
 };
 
 void tst_frmFind::init()
 {
-    m_catalogue = makeCatalogue({
-        { QStringLiteral("Length"),
-            { QStringLiteral("metre (m)"), QStringLiteral("inch (in)"), QStringLiteral("-fermi"),
-                QStringLiteral("foot (ft)") } },
-        { QStringLiteral("Pressure or Stress"),
-            { QStringLiteral("kilopascal (kPa)"), QStringLiteral("Inch of mercury") } },
-        { QStringLiteral("Things"), { QStringLiteral("widget [old]") } },
-    });
-    m_session = Session();
-    m_main = std::make_unique<FakeMainWindow>(m_session,
-        QStringList { QStringLiteral("Length"), QStringLiteral("Pressure or Stress"),
-            QStringLiteral("Things") });
-    m_find = std::make_unique<frmFind>(m_catalogue, m_session, m_dialogs, *m_main);
+    setUp();
+    m_hive->write(
+        QStringLiteral("User\\OnOff\\Length"), QStringLiteral("fermi"), QStringLiteral("0"));
+    // A unit whose own name holds a "[": its line is cut at that bracket.
+    m_hive->addQuantity(QStringLiteral("Zeta Things"),
+        { { QStringLiteral("widget [old]"), QStringLiteral("x1") } });
+    QVERIFY(start());
+    Startup &startup = m_program->startup();
+    m_find = std::make_unique<frmFind>(
+        startup.catalogue(), startup.session(), *m_dialogs, *m_program->window());
     m_find->show();
     QVERIFY(QTest::qWaitForWindowExposed(m_find.get()));
     txtFind = m_find->findChild<QLineEdit *>(QStringLiteral("txtFind"));
     lstFind = m_find->findChild<QListWidget *>(QStringLiteral("lstFind"));
     cmdGoTo = m_find->findChild<QPushButton *>(QStringLiteral("cmdGoTo"));
-    QVERIFY(txtFind && lstFind && cmdGoTo);
+    StatusBar = m_find->findChild<QStatusBar *>(QStringLiteral("StatusBar"));
+    QVERIFY(txtFind && lstFind && cmdGoTo && StatusBar);
 }
 
 void tst_frmFind::cleanup()
 {
     m_find.reset();
-    m_main.reset();
+    tearDown();
 }
 
 void tst_frmFind::typeText(const QString &text)
@@ -87,54 +79,68 @@ void tst_frmFind::typeText(const QString &text)
     QTest::keyClicks(txtFind, text);
 }
 
-QString tst_frmFind::selectedLine() const
+QString tst_frmFind::currentLine() const
 {
-    const QList<QListWidgetItem *> selected = lstFind->selectedItems();
-    return selected.isEmpty() ? QString() : selected.first()->text();
+    const QListWidgetItem *item = lstFind->currentItem();
+    return item && item->isSelected() ? item->text() : QString();
 }
 
-void tst_frmFind::listAndStatusBarAtLoad()
+void tst_frmFind::typing_data()
 {
-    QCOMPARE(lstFind->count(), 6);
-    QCOMPARE(lstFind->item(0)->text(), QStringLiteral("metre (m) [Length]"));
-    QCOMPARE(lstFind->item(2)->text(), QStringLiteral("foot (ft) [Length]"));
-    QCOMPARE(selectedLine(), QString());
-    QVERIFY(!cmdGoTo->isEnabled());
-    const auto *status = m_find->findChild<QStatusBar *>(QStringLiteral("StatusBar"));
-    QVERIFY(status);
-    const auto *total = status->findChild<QLabel *>();
-    QVERIFY(total);
-    QCOMPARE(total->text(), QStringLiteral("Total: 3 quantities and 6 units"));
-}
-
-void tst_frmFind::typingSelectsTheFirstMatch_data()
-{
+    // What the list makes current: the first line that begins with the text, else the unit the
+    // text names as people write it; tied names all in the status bar.
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("line");
-
-    QTest::newRow("capitals") << "IN"
-                              << "inch (in) [Length]";
-    QTest::newRow("small letters find a capital") << "inch of"
-                                                  << "Inch of mercury [Pressure or Stress]";
-    QTest::newRow("one letter") << "k"
-                                << "kilopascal (kPa) [Pressure or Stress]";
+    QTest::addColumn<QString>("tied"); // the status bar's message
+    QTest::newRow("capitals find small letters") << "INCH"
+                                                 << "inch per second squared (in/s²) [Acceleration]"
+                                                 << "";
+    QTest::newRow("a line that begins so comes before a symbol")
+        << "m"
+        << "metre per second squared (m/s²) [Acceleration]"
+        << "";
+    QTest::newRow("a symbol no line begins with") << "ft"
+                                                  << "foot (ft) [Length]"
+                                                  << "";
+    QTest::newRow("psi") << "psi"
+                         << "pound per square inch (psi) [Pressure or Stress]"
+                         << "";
+    QTest::newRow("kWh") << "kWh"
+                         << "kilowatt hour (kW·h) [Energy]"
+                         << "";
+    QTest::newRow("gpm") << "gpm"
+                         << "gallon (US) per minute (gpm) [Flow]"
+                         << "";
+    QTest::newRow("sq ft") << "sq ft"
+                           << "square foot (ft²) [Area]"
+                           << "";
+    QTest::newRow("mph names two units: the first, and the other told")
+        << "mph"
+        << "milliphot (mph) [Illuminance]"
+        << "\"mph\" also names mile per hour (mph) [Velocity]";
     QTest::newRow("a switched-off unit is not there") << "fermi"
+                                                      << ""
                                                       << "";
-    QTest::newRow("no unit begins so") << "zz"
-                                       << "";
+    QTest::newRow("nothing begins so or is named so") << "zzq"
+                                                      << ""
+                                                      << "";
 }
 
-void tst_frmFind::typingSelectsTheFirstMatch()
+void tst_frmFind::typing()
 {
     QFETCH(QString, text);
     QFETCH(QString, line);
+    QFETCH(QString, tied);
     typeText(text);
-    QCOMPARE(selectedLine(), line);
+    QCOMPARE(currentLine(), line);
     QCOMPARE(cmdGoTo->isEnabled(), !line.isEmpty());
     if (line.isEmpty())
         QCOMPARE(lstFind->currentRow(), -1);
+    QCOMPARE(StatusBar->currentMessage(), tied);
     // Typing must never be overwritten by the line it selects.
     QCOMPARE(txtFind->text(), text);
+    QVERIFY(lstFind->viewport()->rect().intersects(lstFind->visualItemRect(lstFind->currentItem()))
+        || line.isEmpty());
 }
 
 void tst_frmFind::clearedTextDisablesGoToWithALineStillSelected()
@@ -142,21 +148,13 @@ void tst_frmFind::clearedTextDisablesGoToWithALineStillSelected()
     typeText(QStringLiteral("foot"));
     QVERIFY(cmdGoTo->isEnabled());
     txtFind->clear();
-    QVERIFY(!selectedLine().isEmpty());
+    QVERIFY(!currentLine().isEmpty());
     QVERIFY(!cmdGoTo->isEnabled());
+    QTest::keyClick(lstFind, Qt::Key_Return); // Enter does nothing while Go to is disabled
+    QVERIFY(m_find->isVisible());
 }
 
-void tst_frmFind::clickingALineCopiesItIntoTheTextBox()
-{
-    QListWidgetItem *item = lstFind->item(3);
-    const QRect rect = lstFind->visualItemRect(item);
-    QTest::mouseClick(lstFind->viewport(), Qt::LeftButton, {}, rect.center());
-    QCOMPARE(txtFind->text(), item->text());
-    QCOMPARE(selectedLine(), item->text());
-    QVERIFY(cmdGoTo->isEnabled());
-}
-
-void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded_data()
+void tst_frmFind::clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded_data()
 {
     // Where the click goes, as a share of the list's height from its top.
     QTest::addColumn<double>("height");
@@ -164,18 +162,9 @@ void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded_data()
     QTest::newRow("a line cut off at the bottom edge") << 1.0;
 }
 
-void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded()
+void tst_frmFind::clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded()
 {
     QFETCH(double, height);
-    QStringList units;
-    for (int i = 1; i <= 55; ++i) // as many as a quantity holds
-        units.append(QStringLiteral("unit %1").arg(i));
-    m_catalogue = makeCatalogue({ { QStringLiteral("Length"), units } });
-    m_find = std::make_unique<frmFind>(m_catalogue, m_session, m_dialogs, *m_main);
-    m_find->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_find.get()));
-    lstFind = m_find->findChild<QListWidget *>(QStringLiteral("lstFind"));
-    txtFind = m_find->findChild<QLineEdit *>(QStringLiteral("txtFind"));
     QWidget *viewport = lstFind->viewport();
     QTest::mouseClick(lstFind->verticalScrollBar(), Qt::LeftButton, {},
         lstFind->verticalScrollBar()->rect().bottomLeft() + QPoint(2, -20)); // a page down
@@ -183,72 +172,62 @@ void tst_frmFind::clickingALineScrollsNoFurtherThanNeeded()
     QListWidgetItem *item = lstFind->itemAt(click);
     QVERIFY(item);
     const QRect before = lstFind->visualItemRect(item);
-
     QTest::mouseClick(viewport, Qt::LeftButton, {}, click);
     QCOMPARE(txtFind->text(), item->text());
+    QCOMPARE(currentLine(), item->text());
+    QVERIFY(cmdGoTo->isEnabled());
     const QRect after = lstFind->visualItemRect(item);
     QVERIFY(viewport->rect().contains(after));
     QVERIFY2(after.top() >= before.top() - after.height(),
         qPrintable(QStringLiteral("line moved from %1 to %2").arg(before.top()).arg(after.top())));
 }
 
-void tst_frmFind::goToSelectsQuantityAndUnitAndCloses()
+void tst_frmFind::goTo_data()
 {
-    typeText(QStringLiteral("kilo"));
-    QTest::mouseClick(cmdGoTo, Qt::LeftButton);
-    const QStringList expected { QStringLiteral("quantity:Pressure or Stress"),
-        QStringLiteral("left:kilopascal (kPa)"), QStringLiteral("focus") };
-    QCOMPARE(m_main->calls, expected);
-    QVERIFY(m_main->skipWasSet);
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<bool>("byEnter");
+    QTest::addColumn<QString>("quantity"); // the main window's afterwards
+    QTest::addColumn<QString>("unit");
+    QTest::newRow("a unit found by its symbol") << "psi" << false << "Pressure or Stress"
+                                                << "pound per square inch (psi)";
+    QTest::newRow("Enter in the list") << "foot (ft)" << true << "Length"
+                                       << "foot (ft)";
+    // "widget [old] [Zeta Things]" names the quantity "old] [Zeta Things", which does not exist.
+    QTest::newRow("a name with a bracket is cut at it") << "widget" << false << Lengths << "";
+}
+
+void tst_frmFind::goTo()
+{
+    QFETCH(QString, text);
+    QFETCH(bool, byEnter);
+    QFETCH(QString, quantity);
+    QFETCH(QString, unit);
+    typeText(text);
+    if (byEnter) {
+        lstFind->setFocus();
+        QTest::keyClick(lstFind, Qt::Key_Return);
+    } else {
+        QTest::mouseClick(cmdGoTo, Qt::LeftButton);
+    }
     QVERIFY(!m_find->isVisible());
+    QCOMPARE(currentQuantity(), quantity);
+    QCOMPARE(selected(left()), unit);
+    QCOMPARE(m_program->window()->focusWidget(), value());
+    // The change came from the program: the result is not taken for the user's conversion.
+    QVERIFY(!action("mnurecordsadd")->isEnabled());
 }
 
-void tst_frmFind::enterInTheListGoesToTheUnit()
-{
-    typeText(QStringLiteral("foot"));
-    lstFind->setFocus();
-    QTest::keyClick(lstFind, Qt::Key_Return);
-    QCOMPARE(m_main->calls.value(1), QStringLiteral("left:foot (ft)"));
-    QVERIFY(!m_find->isVisible());
-}
-
-void tst_frmFind::enterInTheListDoesNothingWhileGoToIsDisabled()
-{
-    typeText(QStringLiteral("m"));
-    txtFind->clear();
-    lstFind->setFocus();
-    QTest::keyClick(lstFind, Qt::Key_Return);
-    QVERIFY(m_main->calls.isEmpty());
-    QVERIFY(m_find->isVisible());
-}
-
-void tst_frmFind::aNameWithABracketIsSplitAtIt()
-{
-    // The line "widget [old] [Things]" names the quantity "old] [Things", which the main
-    // window does not have: no unit is selected, the value box still gets the focus.
-    typeText(QStringLiteral("widget"));
-    QTest::mouseClick(cmdGoTo, Qt::LeftButton);
-    const QStringList expected { QStringLiteral("quantity:old] [Things"), QStringLiteral("focus") };
-    QCOMPARE(m_main->calls, expected);
-}
-
-void tst_frmFind::cancelClosesWithoutGoingAnywhere()
-{
-    typeText(QStringLiteral("inch"));
-    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
-    QVERIFY(!m_find->isVisible());
-    QVERIFY(m_main->calls.isEmpty());
-    QVERIFY(!m_session.SkipNextUpdate);
-}
-
-void tst_frmFind::helpAsksForTheFindTopic()
+void tst_frmFind::cancelAndHelp()
 {
     QSignalSpy help(m_find.get(), &frmFind::helpRequested);
     QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdHelp")), Qt::LeftButton);
     QCOMPARE(help.count(), 1);
-    const int context = help.first().first().toInt();
-    QCOMPARE(HelpTopics::topicFile(context), QStringLiteral("findunit.html"));
+    QCOMPARE(HelpTopics::topicFile(help.first().first().toInt()), QStringLiteral("findunit.html"));
+    typeText(QStringLiteral("psi"));
+    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
+    QVERIFY(!m_find->isVisible());
+    QCOMPARE(currentQuantity(), Lengths);
 }
 
-QTEST_MAIN(tst_frmFind)
+MENSURA_GUI_TEST_MAIN(tst_frmFind)
 #include "tst_frmFind.moc"
