@@ -26,8 +26,7 @@ QString CliConverter::readAs(const QString &value)
 
 QString CliConverter::readAs(const QString &value, const NumberText::LeadingNumber &reading)
 {
-    // Beyond the range of a double the conversion fails, which says enough.
-    if (!reading.hasDigits || reading.length == value.size() || !std::isfinite(reading.value))
+    if (!reading.readInPart(value.size()))
         return QString();
     return CliText::valueReadAs(value, NumberText::shortestText(reading.value));
 }

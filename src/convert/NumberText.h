@@ -10,6 +10,7 @@
 
 #include "convert/RuntimeError.h"
 
+#include <cmath>
 #include <QString>
 #include <QStringView>
 
@@ -31,6 +32,14 @@ public:
         double value = 0;
         qsizetype length = 0;
         bool hasDigits = false;
+
+        // A number was read, but from the start of a text of textLength characters only: the
+        // user is told what it was read as. A value beyond a double's range is not: its
+        // conversion fails, which says enough.
+        bool readInPart(qsizetype textLength) const
+        {
+            return hasDigits && length < textLength && std::isfinite(value);
+        }
     };
     static LeadingNumber readLeadingNumber(QStringView text);
 

@@ -404,10 +404,10 @@ void frmMain::showReadingNote()
     const QString typed = txtLeft->currentText();
     const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(typed);
     QString note;
-    if (reading.length < typed.size() && !typed.trimmed().isEmpty() && qIsFinite(reading.value))
-        note = reading.hasDigits
-            ? text(MainText::ReadAs).arg(NumberText::shortestText(reading.value))
-            : text(MainText::NotANumber);
+    if (reading.readInPart(typed.size()))
+        note = text(MainText::ReadAs).arg(NumberText::shortestText(reading.value));
+    else if (!reading.hasDigits && !typed.trimmed().isEmpty())
+        note = text(MainText::NotANumber);
     m_valueEdit->setReadingNote(note);
 }
 
