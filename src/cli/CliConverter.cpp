@@ -5,7 +5,6 @@
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "cli/CliText.h"
-#include <cmath>
 
 CliConverter::CliConverter(Catalogue &catalogue, const Settings &settings)
     : m_catalogue(catalogue)
