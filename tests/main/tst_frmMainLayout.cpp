@@ -7,23 +7,20 @@
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
 #include "support/GuiTestMain.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHive.h"
-#include "support/TestProgram.h"
+#include "support/MainWindowFixture.h"
 
 #include <QLabel>
 #include <QLayout>
 #include <QListWidget>
-#include <QStatusBar>
 #include <QToolButton>
 
-class tst_frmMainLayout : public QObject
+class tst_frmMainLayout : public QObject, MainWindowFixture
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
     void nothingOverlapsAtMinimumSize_data();
     void nothingOverlapsAtMinimumSize();
     void sidesShareTheWidth_data();
@@ -34,36 +31,24 @@ private slots:
 private:
     void addWholeCatalogue();
     bool start(bool tabs);
-    QRect placeOf(const QWidget *widget) const;
-
-    std::unique_ptr<TestHive> m_hive;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
-    std::unique_ptr<TestProgram> m_program;
+    void resize(const QSize &size);
 };
 
+// The widest texts the window shows: long unit names, a long value and result.
 void tst_frmMainLayout::init()
 {
-    m_hive = std::make_unique<TestHive>();
-    m_hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    m_hive->writeSetting(QStringLiteral("currphysquan"), QStringLiteral("Zeta Viscosity"));
+    setUp();
+    const QString viscosity = QStringLiteral("Zeta Viscosity");
+    m_hive->writeSetting(QStringLiteral("currphysquan"), viscosity);
     m_hive->writeSetting(
         QStringLiteral("currunit1"), QStringLiteral("square millimetre per second (mm²/s)"));
     m_hive->writeSetting(QStringLiteral("currunit2"), QStringLiteral("stokes (St)"));
     m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("123456789"));
     m_hive->writeSetting(QStringLiteral("numericformatting"), QStringLiteral("13"));
-    m_hive->addQuantity(QStringLiteral("Zeta Viscosity"),
+    m_hive->addQuantity(viscosity,
         { { QStringLiteral("square millimetre per second (mm²/s)"), QStringLiteral("x1") },
             { QStringLiteral("stokes (St)"), QStringLiteral("x100") },
             { QStringLiteral("square foot per second (ft²/s)"), QStringLiteral("x92903.04") } });
-    m_dialogs = std::make_unique<ScriptedDialogs>();
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-}
-
-void tst_frmMainLayout::cleanup()
-{
-    m_program.reset();
-    m_dialogs.reset();
-    m_hive.reset();
 }
 
 bool tst_frmMainLayout::start(bool tabs)
@@ -72,9 +57,11 @@ bool tst_frmMainLayout::start(bool tabs)
     return m_program->start() && QTest::qWaitForWindowExposed(m_program->window());
 }
 
-QRect tst_frmMainLayout::placeOf(const QWidget *widget) const
+void tst_frmMainLayout::resize(const QSize &size)
 {
-    return QRect(widget->mapTo(m_program->window(), QPoint(0, 0)), widget->size());
+    m_program->window()->resize(size);
+    m_program->window()->layout()->activate();
+    QCoreApplication::processEvents();
 }
 
 void tst_frmMainLayout::nothingOverlapsAtMinimumSize_data()
@@ -119,9 +106,7 @@ void tst_frmMainLayout::nothingOverlapsAtMinimumSize()
     QVERIFY2(needed.width() <= window->minimumWidth() && needed.height() <= window->minimumHeight(),
         qPrintable(
             QStringLiteral("the layout needs %1 x %2").arg(needed.width()).arg(needed.height())));
-    window->resize(window->minimumSize());
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(window->minimumSize());
 
     const char *names[] = { "tabMain", "lblUnitLeft", "lblUnitRight", "lblEqualSign", "txtLeft",
         "txtRight", "Shape1", "cmdIncreaseSigFigs", "cmdDecreaseSigFigs", "lstLeft", "lstRight",
@@ -131,7 +116,7 @@ void tst_frmMainLayout::nothingOverlapsAtMinimumSize()
     for (const char *name : names) {
         const QWidget *control = m_program->find<QWidget *>(name);
         QVERIFY(control);
-        const QRect place = placeOf(control);
+        const QRect place(control->mapTo(window, QPoint(0, 0)), control->size());
         QVERIFY2(inside.contains(place), name);
         // Labels must show all of their text; the rest at least what they cannot do without.
         const QSize wanted = qobject_cast<const QLabel *>(control) ? control->sizeHint()
@@ -165,16 +150,12 @@ void tst_frmMainLayout::sidesShareTheWidth()
     frmMain *window = m_program->window();
     auto *left = m_program->find<QListWidget *>("lstLeft");
     auto *right = m_program->find<QListWidget *>("lstRight");
-    window->resize(window->minimumWidth() + 400, window->minimumHeight() + 300);
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(window->minimumSize() + QSize(400, 300));
     QVERIFY(qAbs(left->width() - right->width()) <= 1);
     const int listHeight = left->height();
     const int valueHeight = m_program->find<QWidget *>("txtLeft")->height();
     // Higher, not wider: with the width the rows of quantity buttons stay as they are.
-    window->resize(window->width(), window->height() + 100);
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(window->size() + QSize(0, 100));
     QVERIFY(qAbs(left->width() - right->width()) <= 1);
     QCOMPARE(left->height(), listHeight + 100);
     QCOMPARE(m_program->find<QWidget *>("txtLeft")->height(), valueHeight);
@@ -186,9 +167,7 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
     QVERIFY(start(false));
     frmMain *window = m_program->window();
     auto *bar = m_program->find<QuantityTabBar *>("tabMain");
-    window->resize(window->minimumSize());
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(window->minimumSize());
     QVERIFY(bar->height() <= window->height() * 2 / 5);
     auto *down = m_program->find<QToolButton *>("tabMainRowDown");
     auto *up = m_program->find<QToolButton *>("tabMainRowUp");
@@ -210,9 +189,7 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
     QVERIFY(!bar->quantityRect(bar->currentIndex()).isEmpty());
 
     // A window large enough shows every row without paging.
-    window->resize(1600, 1200);
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(QSize(1600, 1200));
     QVERIFY(!down->isVisible());
     for (int i = 0; i < bar->count(); ++i)
         QVERIFY(!bar->quantityRect(i).isEmpty());
@@ -221,10 +198,7 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
 void tst_frmMainLayout::panelsShowTheirIcons()
 {
     QVERIFY(start(false));
-    frmMain *window = m_program->window();
-    window->resize(900, 600);
-    window->layout()->activate();
-    QCoreApplication::processEvents();
+    resize(QSize(900, 600));
     for (const char *name : { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3" }) {
         auto *panel = m_program->find<StatusPanel *>(name);
         QVERIFY2(panel->showsIcon(), name);
