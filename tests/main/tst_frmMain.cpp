@@ -140,7 +140,9 @@ void tst_frmMain::resultFollowsEveryKindOfChange()
         right()->selectionModel()->select(metre, QItemSelectionModel::ClearAndSelect);
         QCOMPARE(right()->currentRow(), 2);
     } else if (how == u"control") {
-        QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("foot")));
+        // The first row of either list can be chosen too.
+        QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("metre")));
+        QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("metre")));
         QVERIFY(!m_program->window()->selectRightUnit(QStringLiteral("furlong")));
     } else {
         m_program->window()->setValueText(QStringLiteral("3"));
@@ -227,8 +229,10 @@ void tst_frmMain::history()
     for (const QString &each : entered) {
         typeValue(each);
         result()->clear();
+        edit->selectAll();
         QTest::keyClick(edit, Qt::Key_Return);
         QCOMPARE(value()->currentText(), each);
+        QCOMPARE(edit->selectedText(), each); // typing still replaces it
         QVERIFY(!result()->text().isEmpty());
         QVERIFY(edit->hasFocus());
     }
@@ -239,28 +243,39 @@ void tst_frmMain::history()
     QTRY_COMPARE(edit->selectedText(), value()->currentText());
 }
 
+// Acceleration is the catalogue's first quantity, Zeta Mass its last: the memory is kept for
+// both ends too.
 void tst_frmMain::quantityRemembersItsConversion()
 {
+    const QString acceleration = text(500);
     QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
     clickTab(Masses);
-    QCOMPARE(selected(left()), QString());
-    QCOMPARE(result()->text(), text(368));
     typeValue(QStringLiteral("0.5"));
     clickUnit(left(), QStringLiteral("kilogram"));
     clickUnit(right(), QStringLiteral("gram"));
     QCOMPARE(result()->text(), QStringLiteral("500.0000"));
+    clickTab(acceleration);
+    QCOMPARE(selected(left()), QString());
+    QCOMPARE(result()->text(), text(368));
+    typeValue(QStringLiteral("0.25"));
+    clickUnit(left(), text(502));
+    clickUnit(right(), text(501).mid(1));
+    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
 
-    clickTab(Lengths);
-    QCOMPARE(value()->currentText(), QStringLiteral("12"));
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(selected(right()), QStringLiteral("inch"));
-    QCOMPARE(result()->text(), QStringLiteral("144.0000"));
-
-    QVERIFY(m_program->window()->selectQuantity(Masses));
+    clickTab(Masses);
     QCOMPARE(value()->currentText(), QStringLiteral("0.5"));
+    QCOMPARE(selected(left()), QStringLiteral("kilogram"));
+    QCOMPARE(selected(right()), QStringLiteral("gram"));
     QCOMPARE(result()->text(), QStringLiteral("500.0000"));
+
+    QVERIFY(m_program->window()->selectQuantity(acceleration));
+    QCOMPARE(value()->currentText(), QStringLiteral("0.25"));
+    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
     QVERIFY(!m_program->window()->selectQuantity(QStringLiteral("No Such Quantity")));
+    // A value the program put back is followed by the user's own change at once.
+    QTest::keyClick(value()->lineEdit(), Qt::Key_End);
+    QTest::keyClick(value()->lineEdit(), Qt::Key_5);
+    QCOMPARE(result()->text(), QStringLiteral("7.772400E-2"));
 }
 
 void tst_frmMain::keys_data()
@@ -659,6 +674,13 @@ void tst_frmMain::overflowChangesNothingElse()
     QCOMPARE(selected(left()), QStringLiteral("foot"));
     QCOMPARE(selected(right()), QStringLiteral("inch"));
     QCOMPARE(m_program->window()->valueHistory(), QStringList { QStringLiteral("12") });
+    // Put back on coming back to the quantity, the value is converted, and refused, once.
+    clickTab(Masses);
+    typeValue(QStringLiteral("2"));
+    m_dialogs->expectMessage();
+    clickTab(Lengths);
+    QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
+    QVERIFY(m_dialogs->scriptDone());
 }
 
 void tst_frmMain::helpLines()
