@@ -103,6 +103,8 @@ void tst_UnitSearch::parseLine_data()
         << "old] [Things";
     QTest::newRow("a line without '['") << "inch" << false << ""
                                         << "";
+    QTest::newRow("a '[' first leaves no unit") << "[Length]" << true << ""
+                                                << "Length";
 }
 
 void tst_UnitSearch::parseLine()

@@ -102,6 +102,14 @@ void tst_frmFind::typing_data()
     QTest::newRow("a symbol no line begins with") << "ft"
                                                   << "foot (ft) [Length]"
                                                   << "";
+    QTest::newRow("the first line found by its symbol")
+        << "m/s2"
+        << "metre per second squared (m/s²) [Acceleration]"
+        << "";
+    QTest::newRow("a line that begins so, whatever else the text names")
+        << "kilowatt"
+        << "kilowatt hour (kW·h) [Energy]"
+        << "";
     QTest::newRow("psi") << "psi"
                          << "pound per square inch (psi) [Pressure or Stress]"
                          << "";
