@@ -89,6 +89,7 @@ private Q_SLOTS:
     void exampleText();
     void thresholds_data();
     void thresholds();
+    void shellProgramChoice_data();
     void shellProgramChoice();
     void okSavesEverythingOnceAndRemembersThePage();
     void switchingOnAndOff_data();
@@ -182,9 +183,18 @@ void tst_frmSetOpt::thresholds()
     QCOMPARE(f.storedSetting(name), row.stored);
 }
 
+void tst_frmSetOpt::shellProgramChoice_data()
+{
+    QTest::addColumn<int>("useCalculator");
+    QTest::newRow("the calculator") << 1;
+    QTest::newRow("the calculator, stored as another number than 1") << -1;
+}
+
+// The command runs the calculator for any number but 0; the dialog shows what it will run.
 void tst_frmSetOpt::shellProgramChoice()
 {
-    f.settings.UseWindowsCalc = 1;
+    QFETCH(int, useCalculator);
+    f.settings.UseWindowsCalc = useCalculator;
     f.settings.ShellProgram = QStringLiteral("/usr/bin/old");
     f.open();
     const QByteArray before = f.hiveBytes();
