@@ -6,6 +6,7 @@
 #include "about/frmAbout.h"
 #include "catalogue/StringTable.h"
 #include "support/DataRows.h"
+#include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 #include "support/UrlCatcher.h"
 
@@ -167,5 +168,5 @@ void tst_frmAbout::versionAndLinks()
                  .intersects(control<QLabel>("lblemail")->geometry()));
 }
 
-QTEST_MAIN(tst_frmAbout)
+MENSURA_GUI_TEST_MAIN(tst_frmAbout)
 #include "tst_frmAbout.moc"

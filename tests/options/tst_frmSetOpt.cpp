@@ -232,6 +232,8 @@ void tst_frmSetOpt::okSavesEverythingOnceAndRemembersThePage()
     QCOMPARE(figures->text(), QStringLiteral("1"));
     auto *slider = f.control<QSlider>("Slider1");
     slider->setFocus();
+    QTest::keyClick(slider, Qt::Key_Home);
+    QCOMPARE(figures->text(), QStringLiteral("1"));
     QTest::keyClick(slider, Qt::Key_End);
     QCOMPARE(figures->text(), QStringLiteral("13"));
     f.click("Option1_0");
@@ -331,6 +333,14 @@ void tst_frmSetOpt::treeShowsTheCatalogueAndLookingIsNoEdit()
                 <= 0);
     }
     QVERIFY(!root->child(0)->icon(0).pixmap(16, 16).isNull()); // the picture can be drawn
+    // Temperature takes no new units, and its units have no factor to show or change.
+    QTreeWidgetItem *temperature = f.node(u'p' + text(Catalogue::TemperatureNameId));
+    f.select(temperature);
+    QVERIFY(!f.control<QPushButton>("cmdAddNewUnit")->isEnabled());
+    f.select(temperature->child(0));
+    QVERIFY(f.control<QCheckBox>("chkExact")->isHidden());
+    QVERIFY(!f.control<QLineEdit>("txtConvFactor")->isEnabled());
+    QVERIFY(!f.control<QPushButton>("cmdRemoveUnit")->isEnabled());
 
     auto *expand = f.control<QPushButton>("cmdExpandAll");
     for (const bool expanded : { true, false }) {

@@ -4,7 +4,6 @@
 
 #include "main/StatusPanel.h"
 #include "shell/HiveFile.h"
-#include "support/CountingHive.h"
 
 #include <QAction>
 #include <QApplication>
@@ -15,13 +14,6 @@
 #include <QTreeWidget>
 
 const QString OptionsFixture::Widgets = QStringLiteral("Widgets");
-
-OptionsFixture::OptionsFixture() = default;
-
-OptionsFixture::~OptionsFixture()
-{
-    close();
-}
 
 void OptionsFixture::reset()
 {
@@ -141,11 +133,6 @@ QString OptionsFixture::currentKey() const
     return item ? item->data(0, frmSetOpt::KeyRole).toString() : QString();
 }
 
-QString OptionsFixture::icon(QTreeWidgetItem *node) const
-{
-    return node ? node->data(0, frmSetOpt::IconKeyRole).toString() : QString();
-}
-
 QStringList OptionsFixture::childKeys(QTreeWidgetItem *node) const
 {
     QStringList keys;
@@ -153,11 +140,6 @@ QStringList OptionsFixture::childKeys(QTreeWidgetItem *node) const
         keys.append(node->child(i)->data(0, frmSetOpt::KeyRole).toString());
     keys.sort();
     return keys;
-}
-
-QString OptionsFixture::widgetsUnit(int j) const
-{
-    return QStringLiteral("u%1 %2").arg(widgets()).arg(j);
 }
 
 void OptionsFixture::answer(const QStringList &inputs)
@@ -175,18 +157,10 @@ QList<ScriptedDialogs::Asked> OptionsFixture::asked(ScriptedDialogs::Kind kind) 
     return list;
 }
 
-QList<Notice> OptionsFixture::messages() const
+QList<Notice> OptionsFixture::notices(ScriptedDialogs::Kind kind) const
 {
     QList<Notice> list;
-    for (const auto &one : asked(ScriptedDialogs::Message))
-        list.append(one.notice);
-    return list;
-}
-
-QList<Notice> OptionsFixture::questions() const
-{
-    QList<Notice> list;
-    for (const auto &one : asked(ScriptedDialogs::Question))
+    for (const auto &one : asked(kind))
         list.append(one.notice);
     return list;
 }
@@ -197,17 +171,7 @@ QByteArray OptionsFixture::hiveBytes() const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-int OptionsFixture::saves() const
-{
-    return m_counter ? m_counter->flushes : 0;
-}
-
 QString OptionsFixture::stored(const QString &subKey, const QString &name) const
 {
     return hive->read(subKey, name).value_or(QString());
-}
-
-QString OptionsFixture::storedSetting(const QString &name) const
-{
-    return stored(QStringLiteral("settings"), name);
 }

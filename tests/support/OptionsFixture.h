@@ -15,6 +15,7 @@
 #include "shell/Session.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
+#include "support/CountingHive.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
@@ -22,17 +23,14 @@
 #include <functional>
 #include <memory>
 #include <QTest>
-
-class CountingHive;
-class QTreeWidgetItem;
+#include <QTreeWidgetItem>
 
 class OptionsFixture
 {
 public:
     static const QString Widgets;
 
-    OptionsFixture();
-    ~OptionsFixture();
+    ~OptionsFixture() { close(); }
 
     // A fresh hive and the state loaded from it; an open dialog is closed first.
     void reset();
@@ -66,25 +64,29 @@ public:
     QTreeWidgetItem *unitNode(const QString &quantity, const QString &unit) const;
     void select(QTreeWidgetItem *node);
     QString currentKey() const;
-    QString icon(QTreeWidgetItem *node) const;
+    QString icon(QTreeWidgetItem *node) const
+    {
+        return node ? node->data(0, frmSetOpt::IconKeyRole).toString() : QString();
+    }
     // The keys of a node's children, sorted.
     QStringList childKeys(QTreeWidgetItem *node) const;
     // The number of the user's quantity, and the key of its unit node j.
     int widgets() const { return catalogue.findQuantity(Widgets); }
-    QString widgetsUnit(int j) const;
+    QString widgetsUnit(int j) const { return QStringLiteral("u%1 %2").arg(widgets()).arg(j); }
 
     // The next input boxes are answered with these texts.
     void answer(const QStringList &inputs);
     QList<ScriptedDialogs::Asked> asked(ScriptedDialogs::Kind kind) const;
-    QList<Notice> messages() const;
-    QList<Notice> questions() const;
+    QList<Notice> notices(ScriptedDialogs::Kind kind) const;
+    QList<Notice> messages() const { return notices(ScriptedDialogs::Message); }
+    QList<Notice> questions() const { return notices(ScriptedDialogs::Question); }
 
     QByteArray hiveBytes() const;
     // How often the hive was saved since the dialog opened.
-    int saves() const;
+    int saves() const { return m_counter->flushes; }
     // A value of the hive, as a later run reads it; "" when absent.
     QString stored(const QString &subKey, const QString &name) const;
-    QString storedSetting(const QString &name) const;
+    QString storedSetting(const QString &name) const { return stored("settings", name); }
 
     std::unique_ptr<TestHive> hive;
     ScriptedDialogs dialogs;
