@@ -167,6 +167,7 @@ void tst_CatalogueEditor::newQuantityName_data()
         { "a line break", none, "Speed\nFast", message(5252) },
         { "a tab", none, "Speed\tFast", message(5252) },
         { "a delete character", none, "Speed\x7f", message(5252) },
+        { "the last control character", none, "Speed\x1f", message(5252) },
         { "256 characters", none, QString(256, u'q'), message(5253) },
         { "255 characters", none, QString(255, u'q'), {} },
         { "quotes, brackets, a tilde and an equals sign", none, "He said \"x\" [a]=b~", {} },
@@ -285,13 +286,16 @@ void tst_CatalogueEditor::everyEditSetsTheChangedFlag()
 
 void tst_CatalogueEditor::missingDefaultUnitBecomesTheFirstUnit()
 {
-    m_catalogue.Quantities[Widgets].DefaultUnit = QStringLiteral("no such unit");
+    m_catalogue.Quantities[Widgets].DefaultUnit = QStringLiteral("gadget"); // there: kept
     m_catalogue.Quantities[Rays].DefaultUnit = QStringLiteral("Ray"); // the test is exact
+    m_catalogue.Quantities[Empty].DefaultUnit = QStringLiteral("gone"); // no unit to replace it
     CatalogueEditor editor(m_catalogue, m_session);
-    QCOMPARE(editor.quantity(Widgets).DefaultUnit, QStringLiteral("widget"));
-    QCOMPARE(editor.unitIcon(Widgets, 1), CatalogueEditor::DefaultUnitIcon);
-    QCOMPARE(editor.unitIcon(Widgets, 2), CatalogueEditor::EnabledUnitIcon);
+    QCOMPARE(editor.quantity(Widgets).DefaultUnit, QStringLiteral("gadget"));
+    QCOMPARE(editor.unitIcon(Widgets, 1), CatalogueEditor::EnabledUnitIcon);
+    QCOMPARE(editor.unitIcon(Widgets, 2), CatalogueEditor::DefaultUnitIcon);
     QCOMPARE(editor.quantity(Rays).DefaultUnit, QStringLiteral("ray"));
+    QCOMPARE(editor.unitIcon(Rays, 1), CatalogueEditor::DefaultUnitIcon);
+    QCOMPARE(editor.quantity(Empty).DefaultUnit, QStringLiteral("gone"));
     QVERIFY(!m_session.CatalogueChanged);
     // A quantity without units gets its first unit as default when one is added.
     QVERIFY(!editor.addUnit(Empty, QStringLiteral("first"), QStringLiteral("3")).refusal);

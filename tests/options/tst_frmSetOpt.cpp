@@ -15,6 +15,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QFocusEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -43,6 +44,15 @@ QByteArray userPart(const QByteArray &hive)
             part += line + '\n';
     }
     return part;
+}
+
+// The node's children are in alphabetical order, capitals and small letters together.
+bool sorted(const QTreeWidgetItem *node)
+{
+    for (int i = 1; i < node->childCount(); ++i)
+        if (node->child(i - 1)->text(0).compare(node->child(i)->text(0), Qt::CaseInsensitive) > 0)
+            return false;
+    return true;
 }
 
 struct ExampleRow {
@@ -150,6 +160,7 @@ void tst_frmSetOpt::thresholds_data()
         { "below 1E-9, OK pressed in the box", min, ".", "1e-12", false, "1e-9", 5019, lowest },
         { "zero is below 1E-9", min, ".", "0", true, "1e-9", 5019, lowest },
         { "no number puts the last value back", max, ".", "lots", true, "1000", 5050, "1000" },
+        { "no number, OK pressed in the box", max, ".", "lots", false, "1000", 5050, "1000" },
         { "the locale's decimal comma", max, ",", "2,5", true, "2,5", 0, "2.5" },
         { "the maximum has no lower limit", max, ".", "1e-12", false, "1e-12", 0,
             NumberText::shortestText(1e-12) },
@@ -166,6 +177,13 @@ void tst_frmSetOpt::thresholds()
     const QString name = QString::fromLatin1(row.box).mid(3).toLower();
     auto *box = f.control<QLineEdit>(row.box);
     if (row.left) {
+        // A message box or a menu taking the focus from the window is no leaving of the box.
+        box->setText(row.typed);
+        for (const auto reason : { Qt::ActiveWindowFocusReason, Qt::PopupFocusReason }) {
+            QFocusEvent out(QEvent::FocusOut, reason);
+            QApplication::sendEvent(box, &out);
+        }
+        QCOMPARE(f.messages().size(), 0);
         f.type(row.box, row.typed);
     } else {
         box->setText(row.typed);
@@ -264,6 +282,7 @@ void tst_frmSetOpt::okSavesEverythingOnceAndRemembersThePage()
     f.select(quantity);
     f.type("txtName", QStringLiteral("Gizmos"));
     QCOMPARE(quantity->text(0), QStringLiteral("Gizmos"));
+    QVERIFY(sorted(quantity->parent()));
     // A click on the node, selected already, shows it afresh under its new name.
     auto *tree = f.control<QTreeWidget>("treeMain");
     tree->scrollToItem(quantity);
@@ -307,11 +326,17 @@ void tst_frmSetOpt::okSavesEverythingOnceAndRemembersThePage()
 void tst_frmSetOpt::treeShowsTheCatalogueAndLookingIsNoEdit()
 {
     const QByteArray before = f.hiveBytes();
+    f.settings.SigFigs = 4; // none of them the default, and all kept as they are
+    f.settings.Scientific = f.settings.ShowTabs = true;
+    f.settings.Triads = f.settings.ConfirmExit = f.settings.ShowTrayIcon = false;
+    f.settings.RememberLast = false;
+    f.settings.UseWindowsCalc = 0;
     f.open();
     auto *tree = f.control<QTreeWidget>("treeMain");
     QCOMPARE(tree->topLevelItemCount(), 1);
     QTreeWidgetItem *root = tree->topLevelItem(0);
     QCOMPARE(f.currentKey(), QStringLiteral("root"));
+    QVERIFY(root->isExpanded());
     QCOMPARE(root->childCount(), f.catalogue.QuantityCount);
     for (int q = 1; q <= f.catalogue.QuantityCount; ++q) {
         const PhysicalQuantity &quantity = f.catalogue.Quantities[q];
@@ -327,10 +352,7 @@ void tst_frmSetOpt::treeShowsTheCatalogueAndLookingIsNoEdit()
             QCOMPARE(
                 f.icon(unit), unit->text(0) == quantity.DefaultUnit ? "defaultunit" : "enable");
         }
-        for (int i = 1; i < node->childCount(); ++i) // alphabetically, whatever the catalogue says
-            QVERIFY(
-                node->child(i - 1)->text(0).compare(node->child(i)->text(0), Qt::CaseInsensitive)
-                <= 0);
+        QVERIFY(sorted(node)); // whatever the catalogue's order
     }
     QVERIFY(!root->child(0)->icon(0).pixmap(16, 16).isNull()); // the picture can be drawn
     // Temperature takes no new units, and its units have no factor to show or change.
@@ -359,6 +381,10 @@ void tst_frmSetOpt::treeShowsTheCatalogueAndLookingIsNoEdit()
     QVERIFY(!userPart(before).isEmpty());
     QCOMPARE(userPart(f.hiveBytes()), userPart(before));
     QCOMPARE(f.storedSetting(QStringLiteral("StartOnce")), QStringLiteral("1")); // nothing deleted
+    for (const auto &[name, value] : { std::pair { "numericformatting", "4" },
+             { "scientific", "1" }, { "triads", "0" }, { "tabs", "1" }, { "WinCalc", "0" },
+             { "SciCalc", "1" }, { "confirm", "0" }, { "systray", "0" }, { "remember", "0" } })
+        QCOMPARE(f.storedSetting(name), QString::fromLatin1(value));
 }
 
 void tst_frmSetOpt::switchingOnAndOff_data()
@@ -427,6 +453,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     QCOMPARE(f.childKeys(quantity), QStringList { key(1) });
     QCOMPARE(f.currentKey(), key(1));
     QCOMPARE(f.icon(quantity->child(0)), QStringLiteral("defaultunit"));
+    QVERIFY(quantity->isExpanded()); // the new unit is in sight
     QVERIFY(f.control<QLineEdit>("txtName")->isEnabled());
     QVERIFY(!f.control<QLineEdit>("txtConvFactor")->isEnabled());
     QVERIFY(f.session.CatalogueChanged);
