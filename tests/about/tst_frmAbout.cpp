@@ -14,6 +14,7 @@
 #include <QLabel>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
 
 namespace
@@ -104,6 +105,8 @@ void tst_frmAbout::clicksSwitchTheFaces_data()
         { "the earlier icon with Ctrl and Alt", { "Image2+CA" }, Credits },
         { "the dedication in place of the credits", { "Image1", "Image2+SCA" }, Dedication },
         { "a click on the picture leaves it", { "Image2+SCA", "Picture1" }, Normal },
+        { "the right button on the picture does nothing", { "Image2+SCA", "Picture1!" },
+            Dedication },
         { "an icon swaps the dedication for the credits", { "Image2+SCA", "Image1" }, Credits },
         { "and back", { "Image2+SCA", "Image1", "Image1" }, Normal },
     });
@@ -126,6 +129,7 @@ void tst_frmAbout::creditsAreFilledOnceInTheirOrder()
     for (int id = 5412; id <= 5418; ++id) // the paragraphs, the last "Thanks to all!"
         expected += StringTable::text(id) + "\n\n";
     expected += StringTable::text(5419) + "\n" + StringTable::text(5420) + "\n\n";
+    QTest::keyClicks(control<QTextEdit>("txtCredits"), QStringLiteral("x")); // read only
     QCOMPARE(document->toPlainText(), expected + StringTable::text(5421)); // the flag last
     // The flag is drawn in characters: it stays square only in a fixed-pitch font.
     const QTextBlock flagRow = document->lastBlock();
@@ -157,9 +161,11 @@ void tst_frmAbout::versionAndLinks()
     QCOMPARE(m_dialogs.notices(), QList<Notice> { expected });
 
     UrlCatcher catcher;
-    for (const char *name : { "lblemail", "lblHomePage" }) {
-        auto *link = control<QLabel>(name);
-        QMetaObject::invokeMethod(link, "linkActivated", Q_ARG(QString, link->text()));
+    for (const auto &[name, target] : { std::pair { "lblemail", 5404 }, { "lblHomePage", 19 } }) {
+        auto *link = control<QLabel>(name); // shows its address, and a click opens it
+        QCOMPARE(
+            QTextDocumentFragment::fromHtml(link->text()).toPlainText(), StringTable::text(target));
+        QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(3, link->height() / 2));
     }
     const QString homePage = QStringLiteral("http://") + StringTable::text(19);
     QCOMPARE(catcher.opened, QList<QUrl>({ QUrl(homePage + "/issues"), QUrl(homePage) }));

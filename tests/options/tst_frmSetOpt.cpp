@@ -441,10 +441,13 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     const int q = f.catalogue.QuantityCount + 1;
     const auto key = [q](int j) { return QStringLiteral("u%1 %2").arg(q).arg(j); };
     // A name in use is refused before the default unit is asked for; no answer ends silently.
+    // Then no name, Cancel, no default unit, and Cancel for it.
     f.answer({ OptionsFixture::Widgets, QStringLiteral("WIDGETS"), QString() });
     f.dialogs.answerInput(std::nullopt);
+    f.answer({ QStringLiteral("Gizmos"), QString(), QStringLiteral("Gizmos") });
+    f.dialogs.answerInput(std::nullopt);
     f.answer({ QStringLiteral("Gizmos"), QStringLiteral("gizmo") });
-    for (int i = 0; i < 5; ++i)
+    for (int i = 0; i < 7; ++i)
         f.click("cmdAddNewPhysQuan");
     QCOMPARE(f.messages().size(), 2);
     QTreeWidgetItem *quantity = f.node(QStringLiteral("pGizmos"));
@@ -455,7 +458,8 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     QCOMPARE(f.icon(quantity->child(0)), QStringLiteral("defaultunit"));
     QVERIFY(quantity->isExpanded()); // the new unit is in sight
     QVERIFY(f.control<QLineEdit>("txtName")->isEnabled());
-    QVERIFY(!f.control<QLineEdit>("txtConvFactor")->isEnabled());
+    for (const char *name : { "txtConvFactor", "cmdRemoveUnit", "cmdRemovePhysQuan" })
+        QVERIFY2(!f.control<QWidget>(name)->isEnabled(), name); // not for a default unit
     QVERIFY(f.session.CatalogueChanged);
 
     // Units, from the selected unit to its quantity: a name in use, a factor of 0, no name, no
@@ -467,12 +471,12 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
         f.click("cmdAddNewUnit");
     QCOMPARE(f.messages().size(), 4);
     const auto inputs = f.asked(ScriptedDialogs::Input);
-    QCOMPARE(inputs.size(), 16);
-    QCOMPARE(inputs.at(12).prompt, text(5221) + "Gizmos" + text(5229) + "\n\n" + text(5222));
-    QCOMPARE(inputs.at(13).prompt,
+    QCOMPARE(inputs.size(), 20);
+    QCOMPARE(inputs.at(16).prompt, text(5221) + "Gizmos" + text(5229) + "\n\n" + text(5222));
+    QCOMPARE(inputs.at(17).prompt,
         text(5230) + "cog" + text(5231) + "gizmo" + text(5229) + "\n\n" + text(5232) + "gizmo"
             + text(5233));
-    QCOMPARE(inputs.at(13).defaultText, QStringLiteral("1"));
+    QCOMPARE(inputs.at(17).defaultText, QStringLiteral("1"));
     QCOMPARE(f.childKeys(quantity), QStringList({ key(1), key(2), key(3) }));
     QCOMPARE(f.icon(f.node(key(3))), QStringLiteral("enable"));
     QCOMPARE(f.currentKey(), key(3));
