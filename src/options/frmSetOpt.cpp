@@ -528,7 +528,8 @@ void frmSetOpt::loadValues()
     txtMaxNumber->setText(NumberText::shortestText(m_maxNumber));
     txtMinNumber->setText(NumberText::shortestText(m_minNumber));
     optTabs[m_settings.ShowTabs ? 0 : 1]->setChecked(true);
-    optWinCalc[m_settings.UseWindowsCalc == 1 ? 0 : 1]->setChecked(true);
+    // Any number but 0 starts the calculator (ShellProgram), and so shows it here.
+    optWinCalc[m_settings.UseWindowsCalc != 0 ? 0 : 1]->setChecked(true);
     const QString sciCalc
         = m_store.RegReadString(Settings::Section, SciCalcValue, QStringLiteral("1"));
     optCalcSci[sciCalc == QStringLiteral("0") ? 1 : 0]->setChecked(true);

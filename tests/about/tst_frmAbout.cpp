@@ -1,32 +1,38 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The About window's three faces (the normal content, the credits, the dedication), the
-// clicks that switch between them, its links and the easter-egg message.
+// The About window's three faces (the normal content, the credits, the dedication), the clicks
+// that switch between them, its links and the easter-egg message.
 #include "about/frmAbout.h"
 #include "catalogue/StringTable.h"
+#include "support/DataRows.h"
+#include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
+#include "support/UrlCatcher.h"
 
-#include <QDesktopServices>
 #include <QFontInfo>
-#include <QFrame>
 #include <QLabel>
-#include <QPushButton>
 #include <QTest>
 #include <QTextBlock>
+#include <QTextDocumentFragment>
 #include <QTextEdit>
 
-// Catches what the window asks the desktop to open.
-class UrlCatcher : public QObject
+namespace
 {
-    Q_OBJECT
+// The faces, as the controls shown.
+const QString Normal = QStringLiteral("Frame1");
+const QString Credits = QStringLiteral("txtCredits");
+const QString Dedication = QStringLiteral("Picture1 Label4");
 
-public:
-    QList<QUrl> opened;
-
-public Q_SLOTS:
-    void open(const QUrl &url) { opened.append(url); }
+struct ClicksRow {
+    const char *row;
+    // Controls pressed in turn; "+" and the letters S, C, A: Shift, Ctrl, Alt held; "!": the
+    // right button.
+    QStringList clicks;
+    QString face;
 };
+} // namespace
+Q_DECLARE_METATYPE(ClicksRow)
 
 class tst_frmAbout : public QObject
 {
@@ -34,27 +40,19 @@ class tst_frmAbout : public QObject
 
 private Q_SLOTS:
     void init();
-    void cleanup();
-    void atLoadOnlyTheNormalContentShows();
-    void iconClickTogglesCredits_data();
-    void iconClickTogglesCredits();
+    void cleanup() { m_about.reset(); }
+    void clicksSwitchTheFaces_data();
+    void clicksSwitchTheFaces();
     void creditsAreFilledOnceInTheirOrder();
-    void creditsFlagIsInAFixedPitchFont();
-    void dedicationNeedsAllThreeKeysOnTheEarlierIcon_data();
-    void dedicationNeedsAllThreeKeysOnTheEarlierIcon();
-    void dedicationShowsPictureAndQuotationAndAClickReturns();
-    void rightButtonDoesNothing();
-    void doubleClickOnTheVersionShowsTheEasterMessage();
-    void linksOpenHomePageAndIssueTracker();
+    void picturesAndTheQuotationShow();
+    void versionAndLinks();
 
 private:
-    enum Face { Normal, Credits, Dedication };
-    Face face() const;
-    void press(QWidget *widget, Qt::KeyboardModifiers modifiers = {},
-        Qt::MouseButton button = Qt::LeftButton);
+    QString face() const;
+    void press(const QString &click);
     template<typename T> T *control(const char *name) const
     {
-        return m_about->findChild<T *>(QString::fromLatin1(name));
+        return m_about->findChild<T *>(name);
     }
 
     ScriptedDialogs m_dialogs;
@@ -69,187 +67,112 @@ void tst_frmAbout::init()
     QVERIFY(QTest::qWaitForWindowExposed(m_about.get()));
 }
 
-void tst_frmAbout::cleanup()
+QString tst_frmAbout::face() const
 {
-    m_about.reset();
+    QStringList shown;
+    for (const char *name : { "Frame1", "txtCredits", "Picture1", "Label4" })
+        if (control<QWidget>(name)->isVisible())
+            shown.append(QString::fromLatin1(name));
+    return shown.join(u' ');
 }
 
-tst_frmAbout::Face tst_frmAbout::face() const
+void tst_frmAbout::press(const QString &click)
 {
-    const bool frame = control<QFrame>("Frame1")->isVisible();
-    const bool credits = control<QTextEdit>("txtCredits")->isVisible();
-    const bool picture = control<QLabel>("Picture1")->isVisible();
-    const bool label = control<QLabel>("Label4")->isVisible();
-    if (frame && !credits && !picture && !label)
-        return Normal;
-    if (credits && !frame && !picture && !label)
-        return Credits;
-    if (picture && label && !frame && !credits)
-        return Dedication;
-    qWarning(
-        "mixed faces: frame %d credits %d picture %d label %d", frame, credits, picture, label);
-    return Face(-1);
-}
-
-void tst_frmAbout::press(QWidget *widget, Qt::KeyboardModifiers modifiers, Qt::MouseButton button)
-{
+    auto *widget = control<QWidget>(qPrintable(click.section(u'+', 0, 0).remove(u'!')));
+    Qt::KeyboardModifiers modifiers;
+    const QString keys = click.section(u'+', 1);
+    for (const auto &[letter, modifier] : { std::pair { u'S', Qt::ShiftModifier },
+             { u'C', Qt::ControlModifier }, { u'A', Qt::AltModifier } })
+        if (keys.contains(letter))
+            modifiers |= modifier;
+    const Qt::MouseButton button = click.endsWith(u'!') ? Qt::RightButton : Qt::LeftButton;
     QTest::mousePress(widget, button, modifiers, widget->rect().center());
     QTest::mouseRelease(widget, button, modifiers, widget->rect().center());
 }
 
-void tst_frmAbout::atLoadOnlyTheNormalContentShows()
+void tst_frmAbout::clicksSwitchTheFaces_data()
 {
-    QCOMPARE(face(), Normal);
-    QCOMPARE(control<QLabel>("lblProductName")->text(), StringTable::text(9));
-    QVERIFY(control<QLabel>("lblVersion")->text().contains(QStringLiteral(MENSURA_VERSION)));
-    QCOMPARE(control<QPushButton>("cmdOK")->text(), QStringLiteral("OK"));
-    QVERIFY(!control<QLabel>("Image1")->pixmap().isNull());
-    QVERIFY(!control<QLabel>("Image2")->pixmap().isNull());
+    addRows<ClicksRow>({
+        { "at first, the normal content", {}, Normal },
+        { "the current icon shows the credits", { "Image1" }, Credits },
+        { "the current icon twice", { "Image1", "Image1" }, Normal },
+        { "the earlier icon twice", { "Image2", "Image2" }, Normal },
+        { "one icon, then the other", { "Image1", "Image2" }, Normal },
+        { "the right button does nothing", { "Image1!" }, Normal },
+        { "the earlier icon with Shift, Ctrl and Alt", { "Image2+SCA" }, Dedication },
+        { "the current icon with Shift, Ctrl and Alt", { "Image1+SCA" }, Credits },
+        { "the earlier icon with Shift and Ctrl", { "Image2+SC" }, Credits },
+        { "the earlier icon with Ctrl and Alt", { "Image2+CA" }, Credits },
+        { "the dedication in place of the credits", { "Image1", "Image2+SCA" }, Dedication },
+        { "a click on the picture leaves it", { "Image2+SCA", "Picture1" }, Normal },
+        { "the right button on the picture does nothing", { "Image2+SCA", "Picture1!" },
+            Dedication },
+        { "an icon swaps the dedication for the credits", { "Image2+SCA", "Image1" }, Credits },
+        { "and back", { "Image2+SCA", "Image1", "Image1" }, Normal },
+    });
 }
 
-void tst_frmAbout::iconClickTogglesCredits_data()
+void tst_frmAbout::clicksSwitchTheFaces()
 {
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-
-    QTest::newRow("current icon twice") << "Image1"
-                                        << "Image1";
-    QTest::newRow("earlier icon twice") << "Image2"
-                                        << "Image2";
-    QTest::newRow("one icon, then the other") << "Image1"
-                                              << "Image2";
-}
-
-void tst_frmAbout::iconClickTogglesCredits()
-{
-    QFETCH(QString, first);
-    QFETCH(QString, second);
-    press(m_about->findChild<QLabel *>(first));
-    QCOMPARE(face(), Credits);
-    press(m_about->findChild<QLabel *>(second));
-    QCOMPARE(face(), Normal);
+    QFETCH(ClicksRow, row);
+    for (const QString &click : row.clicks)
+        press(click);
+    QCOMPARE(face(), row.face);
 }
 
 void tst_frmAbout::creditsAreFilledOnceInTheirOrder()
 {
-    auto *image = control<QLabel>("Image1");
-    press(image);
-    press(image);
-    press(image);
-    const QString text = control<QTextEdit>("txtCredits")->toPlainText();
-    QVERIFY(text.startsWith(QStringLiteral("Many thanks go to:\n==================\n\n")));
-    QCOMPARE(text.count(StringTable::text(5412)), 1);
-    int position = 0;
-    for (int id : { 5412, 5413, 5414, 5415, 5416, 5417, 5418, 5419, 5420 }) {
-        const int found = text.indexOf(StringTable::text(id), position);
-        QVERIFY2(found >= position, qPrintable(QString::number(id)));
-        position = found;
-    }
-    QVERIFY(text.contains(QStringLiteral("The author of Mensura 98\nJanuary, 1998\n\n")));
-    QVERIFY(text.endsWith(StringTable::text(5421)));
-}
-
-void tst_frmAbout::creditsFlagIsInAFixedPitchFont()
-{
-    press(control<QLabel>("Image1"));
+    for (int i = 0; i < 3; ++i)
+        press(QStringLiteral("Image1"));
     const QTextDocument *document = control<QTextEdit>("txtCredits")->document();
+    QString expected = QStringLiteral("Many thanks go to:\n==================\n\n");
+    for (int id = 5412; id <= 5418; ++id) // the paragraphs, the last "Thanks to all!"
+        expected += StringTable::text(id) + "\n\n";
+    expected += StringTable::text(5419) + "\n" + StringTable::text(5420) + "\n\n";
+    QTest::keyClicks(control<QTextEdit>("txtCredits"), QStringLiteral("x")); // read only
+    QCOMPARE(document->toPlainText(), expected + StringTable::text(5421)); // the flag last
+    // The flag is drawn in characters: it stays square only in a fixed-pitch font.
     const QTextBlock flagRow = document->lastBlock();
     QVERIFY(flagRow.text().contains(QStringLiteral("|########|")));
     const QFont font = flagRow.begin().fragment().charFormat().font();
     QVERIFY2(QFontInfo(font).fixedPitch(), qPrintable(QFontInfo(font).family()));
-    // The paragraphs above it are in the window's own font.
-    const QTextBlock heading = document->firstBlock();
-    QCOMPARE(heading.text(), StringTable::text(5410));
-    QVERIFY(heading.begin().fragment().charFormat().font() != font);
+    QVERIFY(document->firstBlock().begin().fragment().charFormat().font() != font);
 }
 
-void tst_frmAbout::dedicationNeedsAllThreeKeysOnTheEarlierIcon_data()
+void tst_frmAbout::picturesAndTheQuotationShow()
 {
-    QTest::addColumn<QString>("image");
-    QTest::addColumn<int>("modifiers");
-    QTest::addColumn<int>("expected");
-
-    const int all = Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier;
-    QTest::newRow("earlier icon, Shift+Ctrl+Alt") << "Image2" << all << int(Dedication);
-    QTest::newRow("current icon, Shift+Ctrl+Alt") << "Image1" << all << int(Credits);
-    QTest::newRow("earlier icon, Shift+Ctrl")
-        << "Image2" << int(Qt::ShiftModifier | Qt::ControlModifier) << int(Credits);
-    QTest::newRow("earlier icon, Ctrl+Alt")
-        << "Image2" << int(Qt::ControlModifier | Qt::AltModifier) << int(Credits);
-}
-
-void tst_frmAbout::dedicationNeedsAllThreeKeysOnTheEarlierIcon()
-{
-    QFETCH(QString, image);
-    QFETCH(int, modifiers);
-    QFETCH(int, expected);
-    press(m_about->findChild<QLabel *>(image), Qt::KeyboardModifiers(modifiers));
-    QCOMPARE(int(face()), expected);
-}
-
-void tst_frmAbout::dedicationShowsPictureAndQuotationAndAClickReturns()
-{
-    // From the credits too: the dedication replaces whatever is shown.
-    press(control<QLabel>("Image1"));
-    QCOMPARE(face(), Credits);
-    press(control<QLabel>("Image2"), Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
-    QCOMPARE(face(), Dedication);
-
+    press(QStringLiteral("Image2+SCA"));
+    for (const char *name : { "Image1", "Image2", "Picture1" })
+        QVERIFY2(!control<QLabel>(name)->pixmap().isNull(), name);
     auto *label = control<QLabel>("Label4");
-    QCOMPARE(
-        label->text(), StringTable::text(374) + QStringLiteral("\n\n") + StringTable::text(375));
+    QCOMPARE(label->text(), StringTable::text(374) + "\n\n" + StringTable::text(375));
     QCOMPARE(label->font().family(), QStringLiteral("Arial"));
-    auto *picture = control<QLabel>("Picture1");
-    QVERIFY(!picture->pixmap().isNull());
+}
 
-    press(picture);
-    QCOMPARE(face(), Normal);
+// The version line shows the version, and a double-click on it the easter-egg message; the
+// links open the home page and the issue tracker, where questions and problems reach the project.
+void tst_frmAbout::versionAndLinks()
+{
+    auto *version = control<QLabel>("lblVersion");
+    QVERIFY(version->text().contains(QStringLiteral(MENSURA_VERSION)));
+    m_dialogs.expectMessage();
+    QTest::mouseDClick(version, Qt::LeftButton, {}, version->rect().center());
+    const Notice expected { Notice::Information, StringTable::text(265), {} };
+    QCOMPARE(m_dialogs.notices(), QList<Notice> { expected });
 
-    // An icon click swaps the dedication for the credits, as it swaps the normal content.
-    press(control<QLabel>("Image2"), Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier);
-    press(control<QLabel>("Image1"));
-    QCOMPARE(face(), Credits);
-    press(control<QLabel>("Image1"));
-    QCOMPARE(face(), Normal);
+    UrlCatcher catcher;
+    for (const auto &[name, target] : { std::pair { "lblemail", 5404 }, { "lblHomePage", 19 } }) {
+        auto *link = control<QLabel>(name); // shows its address, and a click opens it
+        QCOMPARE(
+            QTextDocumentFragment::fromHtml(link->text()).toPlainText(), StringTable::text(target));
+        QTest::mouseClick(link, Qt::LeftButton, {}, QPoint(3, link->height() / 2));
+    }
+    const QString homePage = QStringLiteral("http://") + StringTable::text(19);
+    QCOMPARE(catcher.opened, QList<QUrl>({ QUrl(homePage + "/issues"), QUrl(homePage) }));
     QVERIFY(!control<QLabel>("lblHomePage")
                  ->geometry()
                  .intersects(control<QLabel>("lblemail")->geometry()));
 }
 
-void tst_frmAbout::rightButtonDoesNothing()
-{
-    press(control<QLabel>("Image1"), {}, Qt::RightButton);
-    QCOMPARE(face(), Normal);
-}
-
-void tst_frmAbout::doubleClickOnTheVersionShowsTheEasterMessage()
-{
-    auto *version = control<QLabel>("lblVersion");
-    m_dialogs.expectMessage();
-    QTest::mouseDClick(version, Qt::LeftButton, {}, version->rect().center());
-    QVERIFY(m_dialogs.scriptDone());
-    QCOMPARE(m_dialogs.notices().first().text,
-        QStringLiteral("Congratulations! You've found the Mensura easter egg!"));
-    QCOMPARE(m_dialogs.notices().first().icon, Notice::Information);
-}
-
-void tst_frmAbout::linksOpenHomePageAndIssueTracker()
-{
-    UrlCatcher catcher;
-    for (const char *scheme : { "http", "https", "mailto" })
-        QDesktopServices::setUrlHandler(QString::fromLatin1(scheme), &catcher, "open");
-    QMetaObject::invokeMethod(control<QLabel>("lblemail"), "linkActivated",
-        Q_ARG(QString, control<QLabel>("lblemail")->text()));
-    QMetaObject::invokeMethod(control<QLabel>("lblHomePage"), "linkActivated",
-        Q_ARG(QString, control<QLabel>("lblHomePage")->text()));
-    for (const char *scheme : { "http", "https", "mailto" })
-        QDesktopServices::unsetUrlHandler(QString::fromLatin1(scheme));
-
-    // The second link reaches the project: its issue tracker, on the home page's host.
-    const QString homePage = QStringLiteral("http://") + StringTable::text(19);
-    const QList<QUrl> expected { QUrl(homePage + QStringLiteral("/issues")), QUrl(homePage) };
-    QCOMPARE(catcher.opened, expected);
-}
-
-QTEST_MAIN(tst_frmAbout)
+MENSURA_GUI_TEST_MAIN(tst_frmAbout)
 #include "tst_frmAbout.moc"

@@ -20,9 +20,8 @@ class tst_ShellProgram : public QObject
 
 private Q_SLOTS:
     void init();
-    void otherProgramIsTheChosenPath();
-    void calculatorIsTheFirstOneInstalled_data();
-    void calculatorIsTheFirstOneInstalled();
+    void command_data();
+    void command();
     void programThatCannotStartIsReported_data();
     void programThatCannotStartIsReported();
     void programThatStartsIsNotReported();
@@ -39,54 +38,49 @@ void tst_ShellProgram::init()
     m_store = std::make_unique<SettingsStore>(std::make_unique<HiveFile>(file));
 }
 
-void tst_ShellProgram::otherProgramIsTheChosenPath()
+void tst_ShellProgram::command_data()
 {
-    Settings settings;
-    settings.UseWindowsCalc = 0;
-    settings.ShellProgram = QStringLiteral("/opt/tools/bin/units-calc");
-    const ShellProgram::Command command = ShellProgram::command(
-        settings, [](const QString &name) { return QStringLiteral("/usr/bin/") + name; });
-    QCOMPARE(command.program, settings.ShellProgram);
-    QVERIFY(command.arguments.isEmpty());
-    QCOMPARE(command.path, settings.ShellProgram);
-}
-
-void tst_ShellProgram::calculatorIsTheFirstOneInstalled_data()
-{
-    QTest::addColumn<QStringList>("installed");
+    QTest::addColumn<int>("useCalculator");
+    QTest::addColumn<QStringList>("installed"); // calculators found on the PATH
     QTest::addColumn<QString>("expected");
-
-    QTest::newRow("GNOME first") << QStringList { "xcalc", "kcalc", "gnome-calculator" }
-                                 << "/usr/bin/gnome-calculator";
-    QTest::newRow("only xcalc") << QStringList { "xcalc" } << "/usr/bin/xcalc";
-    QTest::newRow("KDE before the rest")
-        << QStringList { "mate-calc", "kcalc" } << "/usr/bin/kcalc";
-    QTest::newRow("none: the first is named") << QStringList {} << "gnome-calculator";
+    const QString chosen = QStringLiteral("/opt/tools/bin/units-calc");
+    QTest::newRow("the program chosen") << 0 << QStringList { "gnome-calculator" } << chosen;
+    QTest::newRow("the calculator: GNOME's first")
+        << 1 << QStringList { "xcalc", "kcalc", "gnome-calculator" } << "/usr/bin/gnome-calculator";
+    QTest::newRow("the calculator: only xcalc") << 1 << QStringList { "xcalc" } << "/usr/bin/xcalc";
+    QTest::newRow("the calculator: KDE's before the rest")
+        << 1 << QStringList { "mate-calc", "kcalc" } << "/usr/bin/kcalc";
+    QTest::newRow("the calculator: none, the first is named")
+        << 1 << QStringList {} << "gnome-calculator";
+    QTest::newRow("any number but 0 means the calculator")
+        << -1 << QStringList { "kcalc" } << "/usr/bin/kcalc";
 }
 
-void tst_ShellProgram::calculatorIsTheFirstOneInstalled()
+void tst_ShellProgram::command()
 {
-#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
-    QSKIP("The calculator is looked for on the PATH on Linux and other Unix desktops only");
-#endif
+    QFETCH(int, useCalculator);
     QFETCH(QStringList, installed);
     QFETCH(QString, expected);
+#if defined(Q_OS_WIN) || defined(Q_OS_MACOS)
+    if (useCalculator)
+        QSKIP("The calculator is looked for on the PATH on Linux and other Unix desktops only");
+#endif
     Settings settings;
-    settings.UseWindowsCalc = 1;
-    settings.ShellProgram = QStringLiteral("/somewhere/else");
+    settings.UseWindowsCalc = useCalculator;
+    settings.ShellProgram = QStringLiteral("/opt/tools/bin/units-calc");
     const ShellProgram::Command command
         = ShellProgram::command(settings, [&installed](const QString &name) {
               return installed.contains(name) ? QStringLiteral("/usr/bin/") + name : QString();
           });
     QCOMPARE(command.program, expected);
     QCOMPARE(command.path, expected);
+    QVERIFY(command.arguments.isEmpty());
 }
 
 void tst_ShellProgram::programThatCannotStartIsReported_data()
 {
     QTest::addColumn<QString>("path");
-
-    QTest::newRow("missing file") << m_dir.filePath(QStringLiteral("no/such/program"));
+    QTest::newRow("a missing file") << m_dir.filePath(QStringLiteral("no/such/program"));
     QTest::newRow("a folder") << m_dir.path();
     QTest::newRow("no program chosen") << QString();
 }
@@ -100,22 +94,21 @@ void tst_ShellProgram::programThatCannotStartIsReported()
     ScriptedDialogs dialogs;
     dialogs.expectMessage();
     QVERIFY(!ShellProgramRunner::run(settings, *m_store, dialogs, nullptr));
-    QVERIFY(dialogs.scriptDone());
-    QCOMPARE(dialogs.notices().first().icon, Notice::Exclamation);
-    QCOMPARE(dialogs.notices().first().text,
-        QStringLiteral("I'm sorry, the program specified to run  - ") + path
-            + QStringLiteral(" - could not be found.  Please check that you've put the right "
-                             "path and filename in the options dialog box."));
+    const Notice expected { Notice::Exclamation,
+        "I'm sorry, the program specified to run  - " + path
+            + " - could not be found.  Please check that you've put the right path and filename "
+              "in the options dialog box.",
+        {} };
+    QCOMPARE(dialogs.notices(), QList<Notice> { expected });
 }
 
 void tst_ShellProgram::programThatStartsIsNotReported()
 {
-    const QString program = QStandardPaths::findExecutable(QStringLiteral("true"));
-    if (program.isEmpty())
-        QSKIP("no 'true' program on this system");
     Settings settings;
     settings.UseWindowsCalc = 0;
-    settings.ShellProgram = program;
+    settings.ShellProgram = QStandardPaths::findExecutable(QStringLiteral("true"));
+    if (settings.ShellProgram.isEmpty())
+        QSKIP("no 'true' program on this system");
     ScriptedDialogs dialogs;
     QVERIFY(ShellProgramRunner::run(settings, *m_store, dialogs, nullptr));
     QVERIFY(dialogs.asked().isEmpty());

@@ -2,7 +2,9 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The options dialog's catalogue editor without a window: the rules and limits of every edit,
-// the properties panel's texts and states, and the commit into a hive file and back.
+// the properties panel's texts and states, the problems that keep OK from committing, and the
+// commit into a hive file and back. Every case starts from the same small catalogue, built by hand
+// so that rows can name its quantities; a row's edit is a function run on the editor first.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "convert/NumberText.h"
@@ -11,32 +13,78 @@
 #include "shell/Session.h"
 #include "shell/SettingsStore.h"
 #include "support/CountingHive.h"
+#include "support/DataRows.h"
 
 #include <functional>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 
+using Edit = std::function<void(CatalogueEditor &)>;
+Q_DECLARE_METATYPE(Edit)
+
 namespace
 {
-
-UnitEntry unit(const QString &name, const QString &factorText, int exact = 0, int custom = 0)
-{
-    UnitEntry u;
-    u.Name = name;
-    u.FactorText = factorText;
-    u.Factor = NumberText::leadingNumber(factorText);
-    u.Exact = exact;
-    u.Custom = custom;
-    return u;
-}
+// The quantities every case starts from: two built-in ones and three of the user's (Empty has no
+// unit at all, as a damaged store can leave it).
+constexpr int Length = 1, Temperature = 2, Widgets = 3, Rays = 4, Empty = 5;
 
 QString text(int id)
 {
     return StringTable::text(id);
 }
 
+// A message of the string table, "%1"-style ids filled in with names.
+QString message(int id, const char *name = nullptr, const char *other = nullptr)
+{
+    if (id == 5215)
+        return text(5215) + u'\n' + text(5216);
+    if (id == 5224)
+        return text(5224) + QString::fromUtf8(name) + text(5225);
+    if (id == 5254)
+        return text(5254).arg(QString::fromUtf8(name), QString::fromUtf8(other));
+    return name ? text(id).arg(QString::fromUtf8(name)) : text(id);
+}
+
+struct NameRow {
+    const char *row;
+    Edit edit;
+    QString name, refusal; // refusal empty: accepted
+};
+struct UnitRow {
+    const char *row;
+    int quantity, fill; // fill: units added before, named "filler 1", "filler 2", ...
+    QString typed, factorText, refusal, storedName; // refusal empty: accepted
+    double factor;
+};
+struct EditRow {
+    const char *row;
+    Edit edit;
+};
+struct PanelRow {
+    const char *row;
+    Edit edit;
+    QString key, nodeText, parentText;
+    QString shown; // the controls that apply, and the states shown
+    QString factorText, comments;
+};
+struct ProblemRow {
+    const char *row;
+    Edit edit;
+    QString message; // empty: nothing wrong
+    int quantity, unit;
+};
+struct NamesRow {
+    const char *row;
+    QString quantity, unit;
+};
 } // namespace
+Q_DECLARE_METATYPE(NameRow)
+Q_DECLARE_METATYPE(UnitRow)
+Q_DECLARE_METATYPE(EditRow)
+Q_DECLARE_METATYPE(PanelRow)
+Q_DECLARE_METATYPE(ProblemRow)
+Q_DECLARE_METATYPE(NamesRow)
 
 class tst_CatalogueEditor : public QObject
 {
@@ -46,521 +94,361 @@ private Q_SLOTS:
     void init();
     void newQuantityName_data();
     void newQuantityName();
-    void renamedQuantityKeepsItsNodeKey();
     void addUnit_data();
     void addUnit();
-    void fiftyFifthUnitIsTheLast();
-    void removingRenumbers();
+    void everyEditSetsTheChangedFlag_data();
+    void everyEditSetsTheChangedFlag();
+    void missingDefaultUnitBecomesTheFirstUnit();
     void properties_data();
     void properties();
-    void twoUnitsOfOneNameShowTheFirst();
-    void renamingTheDefaultUnitMovesTheDefault();
-    void missingDefaultUnitBecomesTheFirstUnit();
-    void everyEditSetsTheChangedFlag();
     void findProblem_data();
     void findProblem();
     void specialNamesSurviveTheStore_data();
     void specialNamesSurviveTheStore();
-    void commitRewritesTheWholeKey_data();
-    void commitRewritesTheWholeKey();
-    void commitSavesOnce();
+    void commitRewritesTheWholeKeyInOneSave_data();
+    void commitRewritesTheWholeKeyInOneSave();
     void applyReplacesTheLiveCatalogue();
 
 private:
-    void addQuantity(
-        const QString &name, const QList<UnitEntry> &units, int custom, const QString &defaultUnit);
-
     Catalogue m_catalogue;
     Session m_session;
     QTemporaryDir m_dir;
-    int m_length = 0, m_temperature = 0, m_widgets = 0, m_rays = 0, m_empty = 0;
 };
 
-void tst_CatalogueEditor::addQuantity(
-    const QString &name, const QList<UnitEntry> &units, int custom, const QString &defaultUnit)
-{
-    m_catalogue.resize(m_catalogue.QuantityCount + 1);
-    PhysicalQuantity &q = m_catalogue.Quantities[m_catalogue.QuantityCount];
-    q.Name = name;
-    q.Custom = custom;
-    q.DefaultUnit = defaultUnit;
-    q.UnitCount = int(units.size());
-    for (int j = 0; j < units.size(); ++j)
-        m_catalogue.Units[m_catalogue.QuantityCount][j + 1] = units[j];
-}
-
-// Two built-in quantities and three of the user's, built by hand so that each case can name them.
 void tst_CatalogueEditor::init()
 {
+    struct Unit {
+        const char *name, *factor;
+        int exact;
+    };
+    const auto add = [this](const QString &name, int custom, const QList<Unit> &units) {
+        const int q = m_catalogue.QuantityCount + 1;
+        m_catalogue.resize(q);
+        m_catalogue.Quantities[q] = { name, 1, int(units.size()),
+            units.isEmpty() ? QString() : QString::fromUtf8(units.first().name), custom };
+        for (int j = 1; j <= units.size(); ++j) {
+            const Unit &u = units[j - 1];
+            const QString factor = QString::fromUtf8(u.factor);
+            m_catalogue.Units[q][j] = { QString::fromUtf8(u.name), 1, custom,
+                NumberText::leadingNumber(factor), u.exact, factor };
+        }
+    };
     m_catalogue = Catalogue();
     m_session = Session();
-    addQuantity(QStringLiteral("Length"),
-        { unit(QStringLiteral("metre (m)"), QStringLiteral("1"), 1),
-            unit(QStringLiteral("foot (ft)"), QStringLiteral("0.3048"), 1) },
-        0, QStringLiteral("metre (m)"));
-    m_length = 1;
-    addQuantity(text(Catalogue::TemperatureNameId),
-        { unit(QStringLiteral("Celsius (°C)"), QString(), 1),
-            unit(QStringLiteral("kelvin (K)"), QString()),
-            unit(QStringLiteral("Fahrenheit (°F)"), QString()),
-            unit(QStringLiteral("Rankine (°R)"), QString()) },
-        0, QStringLiteral("Celsius (°C)"));
-    m_temperature = 2;
-    addQuantity(QStringLiteral("Widgets"),
-        { unit(QStringLiteral("widget"), QStringLiteral("1"), 1, 1),
-            unit(QStringLiteral("gadget"), QStringLiteral("2.5"), 0, 1) },
-        1, QStringLiteral("widget"));
-    m_widgets = 3;
-    addQuantity(QStringLiteral("Rays"), { unit(QStringLiteral("ray"), QStringLiteral("1"), 1, 1) },
-        1, QStringLiteral("ray"));
-    m_rays = 4;
-    addQuantity(QStringLiteral("Empty"), {}, 1, QString());
-    m_empty = 5;
+    add(QStringLiteral("Length"), 0, { { "metre (m)", "1", 1 }, { "foot (ft)", "0.3048", 1 } });
+    add(text(Catalogue::TemperatureNameId), 0,
+        { { "Celsius (°C)", "", 1 }, { "kelvin (K)", "", 0 }, { "Fahrenheit (°F)", "", 0 },
+            { "Rankine (°R)", "", 0 } });
+    add(QStringLiteral("Widgets"), 1, { { "widget", "1", 1 }, { "gadget", "2.5", 0 } });
+    add(QStringLiteral("Rays"), 1, { { "ray", "1", 1 } });
+    add(QStringLiteral("Empty"), 1, {});
+    QCOMPARE(m_catalogue.QuantityCount, Empty);
 }
 
 void tst_CatalogueEditor::newQuantityName_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("refusal"); // empty: accepted
-
-    const QString inUse = text(5215) + u'\n' + text(5216);
-    QTest::newRow("a new name is accepted") << "Speed" << QString();
-    QTest::newRow("a name in use is refused") << "Length" << inUse;
-    QTest::newRow("a custom quantity's name is refused") << "Widgets" << inUse;
-    QTest::newRow("a name differing only in capitals would merge in the store")
-        << "length" << text(5254).arg(QStringLiteral("length"), QStringLiteral("Length"));
-    QTest::newRow("an empty name") << "" << text(5250);
-    QTest::newRow("blanks only") << "   " << text(5250);
-    QTest::newRow("a backslash") << "Speed\\Fast" << text(5251);
-    QTest::newRow("a line break") << "Speed\nFast" << text(5252);
-    QTest::newRow("a tab") << "Speed\tFast" << text(5252);
-    QTest::newRow("256 characters") << QString(256, u'q') << text(5253);
-    QTest::newRow("255 characters are accepted") << QString(255, u'q') << QString();
-    QTest::newRow("quotes, brackets and an equals sign are accepted")
-        << "He said \"x\" [a]=b" << QString();
-    QTest::newRow("leading and trailing blanks are accepted") << " Speed " << QString();
-    QTest::newRow("a non-Latin script is accepted") << "Скорость 速度" << QString();
+    const Edit none;
+    const Edit rename = [](CatalogueEditor &e) { e.renameQuantity(Widgets, "Gizmos"); };
+    const Edit rebuilt = [=](CatalogueEditor &e) {
+        rename(e);
+        e.resetNodeKeys();
+    };
+    addRows<NameRow>({
+        { "a new name", none, "Speed", {} },
+        { "a built-in quantity's name", none, "Length", message(5215) },
+        { "a custom quantity's name", none, "Widgets", message(5215) },
+        { "a name differing only in capitals", none, "length", message(5254, "length", "Length") },
+        { "a renamed quantity's new name", rename, "Gizmos", message(5215) },
+        { "a renamed quantity's old name, still its node's key", rename, "Widgets", message(5215) },
+        { "a renamed quantity's old name once the tree is rebuilt", rebuilt, "Widgets", {} },
+        { "an empty name", none, "", message(5250) },
+        { "blanks only", none, "   ", message(5250) },
+        { "a backslash", none, "Speed\\Fast", message(5251) },
+        { "a line break", none, "Speed\nFast", message(5252) },
+        { "a tab", none, "Speed\tFast", message(5252) },
+        { "a delete character", none, "Speed\x7f", message(5252) },
+        { "the last control character", none, "Speed\x1f", message(5252) },
+        { "256 characters", none, QString(256, u'q'), message(5253) },
+        { "255 characters", none, QString(255, u'q'), {} },
+        { "quotes, brackets, a tilde and an equals sign", none, "He said \"x\" [a]=b~", {} },
+        { "leading and trailing blanks", none, " Speed ", {} },
+        { "a non-Latin script", none, "Скорость 速度", {} },
+    });
 }
 
 void tst_CatalogueEditor::newQuantityName()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, refusal);
+    QFETCH(NameRow, row);
     CatalogueEditor editor(m_catalogue, m_session);
-    const CatalogueEditor::Added added = editor.addQuantity(name, QStringLiteral("unit"));
-    if (refusal.isEmpty()) {
-        QVERIFY(!added.refusal);
-        QCOMPARE(added.quantity, m_catalogue.QuantityCount + 1);
-        QCOMPARE(editor.quantity(added.quantity).Name, name);
-        QCOMPARE(editor.quantityNodeKey(added.quantity), u'p' + name);
-        QVERIFY(m_session.CatalogueChanged);
-    } else {
-        QVERIFY(added.refusal);
-        QCOMPARE(added.refusal->text, refusal);
+    if (row.edit)
+        row.edit(editor);
+    m_session.CatalogueChanged = false;
+    const int count = editor.quantityCount();
+    const CatalogueEditor::Added added = editor.addQuantity(row.name, QStringLiteral("unit"));
+    QCOMPARE(added.refusal.value_or(Notice()).text, row.refusal);
+    QCOMPARE(m_session.CatalogueChanged, row.refusal.isEmpty());
+    if (added.refusal) {
         QCOMPARE(added.refusal->icon, Notice::Exclamation);
-        QCOMPARE(editor.quantityCount(), m_catalogue.QuantityCount);
-        QVERIFY(!m_session.CatalogueChanged);
+        QCOMPARE(editor.quantityCount(), count);
+        return;
     }
-}
-
-void tst_CatalogueEditor::renamedQuantityKeepsItsNodeKey()
-{
-    CatalogueEditor editor(m_catalogue, m_session);
-    editor.renameQuantity(m_widgets, QStringLiteral("Gizmos"));
-    QCOMPARE(editor.quantityNodeKey(m_widgets), QStringLiteral("pWidgets"));
-    // The old name is still a node's key until the tree is rebuilt.
-    QVERIFY(editor.checkNewQuantityName(QStringLiteral("Widgets")));
-    editor.resetNodeKeys();
-    QCOMPARE(editor.quantityNodeKey(m_widgets), QStringLiteral("pGizmos"));
-    QVERIFY(!editor.checkNewQuantityName(QStringLiteral("Widgets")));
+    QVERIFY(added.quantity == count + 1 && added.unit == 1);
+    QCOMPARE(editor.quantityNodeKey(added.quantity), u'p' + row.name);
+    const PhysicalQuantity &quantity = editor.quantity(added.quantity);
+    QCOMPARE(quantity.Name, row.name);
+    QVERIFY(quantity.OnOff == 1 && quantity.Custom == 1 && quantity.UnitCount == 1);
+    // Its first unit is its exact default unit, of factor 1.
+    const UnitEntry &first = editor.unit(added.quantity, 1);
+    QCOMPARE(first.Name, QStringLiteral("unit"));
+    QCOMPARE(quantity.DefaultUnit, first.Name);
+    QVERIFY(first.OnOff == 1 && first.Custom == 1 && first.Exact == 1 && first.Factor == 1.0);
+    QCOMPARE(first.FactorText, QStringLiteral("1"));
+    QCOMPARE(editor.unitIcon(added.quantity, 1), CatalogueEditor::DefaultUnitIcon);
 }
 
 void tst_CatalogueEditor::addUnit_data()
 {
-    QTest::addColumn<QString>("quantity");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("factorText");
-    QTest::addColumn<QString>("refusal"); // empty: accepted
-    QTest::addColumn<QString>("storedName");
-    QTest::addColumn<double>("factor");
-
     const QString longName = QStringLiteral("A unit whose name goes on beyond forty characters");
     const QString emoji = QString(39, u'a') + QStringLiteral("😀b");
-    QTest::newRow("a custom unit") << "Widgets"
-                                   << "sprocket"
-                                   << "0.35" << QString() << "sprocket" << 0.35;
-    QTest::newRow("a name cut to 40 characters")
-        << "Widgets" << longName << "2" << QString() << longName.left(40) << 2.0;
-    QTest::newRow("the cut keeps a surrogate pair whole")
-        << "Widgets" << emoji << "2" << QString() << QString(39, u'a') << 2.0;
-    QTest::newRow("blanks inside the factor are skipped")
-        << "Length"
-        << "chain-ish"
-        << "1 234.5" << QString() << "chain-ish" << 1234.5;
-    QTest::newRow("an exponent") << "Length"
-                                 << "kilo"
-                                 << "1E3" << QString() << "kilo" << 1000.0;
-    QTest::newRow("a name in use") << "Widgets"
-                                   << "gadget"
-                                   << "2" << text(5224) + "gadget" + text(5225) << QString() << 0.0;
-    QTest::newRow("capitals differing from a built-in unit are another unit")
-        << "Length"
-        << "Metre (m)"
-        << "1" << QString() << "Metre (m)" << 1.0;
-    QTest::newRow("capitals differing from a custom unit would merge in the store")
-        << "Widgets"
-        << "Gadget"
-        << "2" << text(5254).arg(QStringLiteral("Gadget"), QStringLiteral("gadget")) << QString()
-        << 0.0;
-    QTest::newRow("a factor that is no number") << "Widgets"
-                                                << "w"
-                                                << "abc" << text(5255) << QString() << 0.0;
-    QTest::newRow("a zero factor") << "Widgets"
-                                   << "w"
-                                   << "0" << text(5255) << QString() << 0.0;
-    QTest::newRow("a negative factor") << "Widgets"
-                                       << "w"
-                                       << "-2" << text(5255) << QString() << 0.0;
-    QTest::newRow("a factor beyond a double") << "Widgets"
-                                              << "w"
-                                              << "1e999" << text(5235) << QString() << 0.0;
-    QTest::newRow("a factor whose reciprocal overflows")
-        << "Widgets"
-        << "w"
-        << "1e-320" << text(5235) << QString() << 0.0;
-    QTest::newRow("a D exponent the figure count cannot read")
-        << "Widgets"
-        << "w"
-        << "1D3" << text(5235) << QString() << 0.0;
+    addRows<UnitRow>({
+        { "a custom unit", Widgets, 0, "sprocket", "0.35", {}, "sprocket", 0.35 },
+        { "a name cut to 40 characters", Widgets, 0, longName, "2", {}, longName.left(40), 2 },
+        { "a name of 40 characters", Widgets, 0, longName.left(40), "2", {}, longName.left(40), 2 },
+        { "the cut keeps a surrogate pair whole", Widgets, 0, emoji, "2", {}, QString(39, u'a'),
+            2 },
+        { "blanks inside the factor", Length, 0, "chain-ish", "1 234.5", {}, "chain-ish", 1234.5 },
+        { "an exponent", Length, 0, "kilo", "1E3", {}, "kilo", 1000 },
+        { "the 55th unit", Widgets, 52, "last", "2", {}, "last", 2 },
+        { "the 56th unit", Widgets, 53, "one too many", "2", message(5220), {}, 0 },
+        { "a name in use", Widgets, 0, "gadget", "2", message(5224, "gadget"), {}, 0 },
+        { "a built-in unit's name in other capitals", Length, 0, "Metre (m)", "1", {}, "Metre (m)",
+            1 },
+        { "a custom unit's name in other capitals", Widgets, 0, "Gadget", "2",
+            message(5254, "Gadget", "gadget"), {}, 0 },
+        { "an empty name", Widgets, 0, "   ", "2", message(5250), {}, 0 },
+        { "a factor that is no number", Widgets, 0, "w", "abc", message(5255), {}, 0 },
+        { "a zero factor", Widgets, 0, "w", "0", message(5255), {}, 0 },
+        { "a negative factor", Widgets, 0, "w", "-2", message(5255), {}, 0 },
+        { "a factor beyond a double", Widgets, 0, "w", "1e999", message(5235), {}, 0 },
+        { "a factor whose reciprocal overflows", Widgets, 0, "w", "1e-320", message(5235), {}, 0 },
+        { "a D exponent the figure count cannot read", Widgets, 0, "w", "1D3", message(5235), {},
+            0 },
+    });
 }
 
 void tst_CatalogueEditor::addUnit()
 {
-    QFETCH(QString, quantity);
-    QFETCH(QString, typed);
-    QFETCH(QString, factorText);
-    QFETCH(QString, refusal);
-    QFETCH(QString, storedName);
-    QFETCH(double, factor);
+    QFETCH(UnitRow, row);
     CatalogueEditor editor(m_catalogue, m_session);
-    const int q = m_catalogue.findQuantity(quantity);
+    const int q = row.quantity;
+    for (int k = 1; k <= row.fill; ++k)
+        QVERIFY(
+            !editor.addUnit(q, QStringLiteral("filler %1").arg(k), QStringLiteral("2")).refusal);
+    m_session.CatalogueChanged = false;
     const int before = editor.quantity(q).UnitCount;
-    const CatalogueEditor::Added added = editor.addUnit(q, typed, factorText);
-    if (!refusal.isEmpty()) {
-        QVERIFY(added.refusal);
-        QCOMPARE(added.refusal->text, refusal);
-        QCOMPARE(editor.quantity(q).UnitCount, before);
-        QVERIFY(!m_session.CatalogueChanged);
+    const CatalogueEditor::Added added = editor.addUnit(q, row.typed, row.factorText);
+    QCOMPARE(added.refusal.value_or(Notice()).text, row.refusal);
+    QCOMPARE(m_session.CatalogueChanged, row.refusal.isEmpty());
+    QCOMPARE(editor.quantity(q).UnitCount, before + (added.refusal ? 0 : 1));
+    if (added.refusal)
         return;
-    }
-    QVERIFY(!added.refusal);
     QCOMPARE(added.unit, before + 1);
     const UnitEntry &u = editor.unit(q, added.unit);
-    QCOMPARE(u.Name, storedName);
-    QCOMPARE(u.FactorText, factorText);
-    QCOMPARE(u.Factor, factor);
-    QCOMPARE(u.Custom, 1);
-    QCOMPARE(u.OnOff, 1);
-    QCOMPARE(u.Exact, 0);
+    QCOMPARE(u.Name, row.storedName);
+    QCOMPARE(u.FactorText, row.factorText);
+    QCOMPARE(u.Factor, row.factor);
+    QVERIFY(u.Custom == 1 && u.OnOff == 1 && u.Exact == 0);
     QCOMPARE(editor.unitIcon(q, added.unit), CatalogueEditor::EnabledUnitIcon);
 }
 
-void tst_CatalogueEditor::fiftyFifthUnitIsTheLast()
+void tst_CatalogueEditor::everyEditSetsTheChangedFlag_data()
 {
-    CatalogueEditor editor(m_catalogue, m_session);
-    for (int j = editor.quantity(m_widgets).UnitCount + 1; j <= Catalogue::MaxUnits; ++j)
-        QVERIFY(!editor.addUnit(m_widgets, QStringLiteral("unit %1").arg(j), QStringLiteral("2"))
-                     .refusal);
-    QCOMPARE(editor.quantity(m_widgets).UnitCount, 55);
-    QCOMPARE(editor.unit(m_widgets, 55).Name, QStringLiteral("unit 55"));
-    const CatalogueEditor::Added refused
-        = editor.addUnit(m_widgets, QStringLiteral("one too many"), QStringLiteral("2"));
-    QVERIFY(refused.refusal);
-    QCOMPARE(refused.refusal->text, text(5220));
-    QCOMPARE(editor.quantity(m_widgets).UnitCount, 55);
-}
-
-void tst_CatalogueEditor::removingRenumbers()
-{
-    CatalogueEditor editor(m_catalogue, m_session);
-    editor.addUnit(m_widgets, QStringLiteral("sprocket"), QStringLiteral("3"));
-    editor.removeUnit(m_widgets, 2);
-    QCOMPARE(editor.quantity(m_widgets).UnitCount, 2);
-    QCOMPARE(editor.unit(m_widgets, 1).Name, QStringLiteral("widget"));
-    QCOMPARE(editor.unit(m_widgets, 2).Name, QStringLiteral("sprocket"));
-    QCOMPARE(editor.unit(m_widgets, 2).FactorText, QStringLiteral("3"));
-    QVERIFY(editor.unit(m_widgets, 3).Name.isEmpty());
-
-    editor.removeQuantity(m_widgets);
-    QCOMPARE(editor.quantityCount(), m_catalogue.QuantityCount - 1);
-    QCOMPARE(editor.quantity(m_widgets).Name, QStringLiteral("Rays"));
-    QCOMPARE(editor.unit(m_widgets, 1).Name, QStringLiteral("ray"));
-    QCOMPARE(editor.quantityNodeKey(m_widgets), QStringLiteral("pRays"));
-    QVERIFY(editor.workingCopy().Units.size() == editor.quantityCount() + 1);
-}
-
-void tst_CatalogueEditor::properties_data()
-{
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<QString>("nodeText");
-    QTest::addColumn<QString>("parentText");
-    QTest::addColumn<QStringList>("enabled"); // the controls that apply
-    QTest::addColumn<QString>("factorText");
-    QTest::addColumn<QString>("comments");
-
-    const QString temperature = text(Catalogue::TemperatureNameId);
-    const QString indent = QStringLiteral("\n     ");
-    QTest::newRow("the root") << "root"
-                              << "Physical Quantities" << QString() << QStringList() << QString()
-                              << QString();
-    QTest::newRow("a built-in quantity")
-        << "pLength"
-        << "Length"
-        << "Physical Quantities" << QStringList { "onOff", "addUnit" } << QString()
-        << "Length has 2 units." + indent
-            + "The default unit for this physical quantity is : metre (m).";
-    QTest::newRow("a custom quantity of one unit")
-        << "pRays"
-        << "Rays"
-        << "Physical Quantities" << QStringList { "name", "onOff", "addUnit", "removeQuantity" }
-        << QString()
-        << "Rays has 1 unit." + indent + "The default unit for this physical quantity is : ray.";
-    QTest::newRow("a custom quantity without units")
-        << "pEmpty"
-        << "Empty"
-        << "Physical Quantities" << QStringList { "name", "onOff", "addUnit", "removeQuantity" }
-        << QString()
-        << "Empty has 0 units." + indent + "The default unit for this physical quantity is : .";
-    QTest::newRow("temperature") << "p" + temperature << temperature << "Physical Quantities"
-                                 << QStringList { "onOff" } << QString()
-                                 << temperature + " has 4 units." + indent
-            + "You cannot add any units to this physical quantity.";
-    QTest::newRow("a built-in unit")
-        << "u1 2"
-        << "foot (ft)"
-        << "Length" << QStringList { "exactVisible", "onOff", "addUnit" } << "0.3048"
-        << "This unit's conversion factor cannot be modified" + indent
-            + "The default unit for Length is : metre (m).";
-    QTest::newRow("a custom quantity's default unit")
-        << "u3 1"
-        << "widget"
-        << "Widgets" << QStringList { "name", "exactVisible", "onOff", "addUnit" } << "1"
-        << "This unit is the default unit, and therefore its conversion factor cannot be modified."
-            + indent + "The default unit for Widgets is : widget.";
-    QTest::newRow("a custom unit")
-        << "u3 2"
-        << "gadget"
-        << "Widgets"
-        << QStringList { "name", "factor", "exact", "exactVisible", "onOff", "addUnit",
-               "removeUnit" }
-        << "2.5"
-        << "This unit is a custom unit, and therefore its conversion factor can be modified."
-            + indent + "The default unit for Widgets is : widget.";
-    QTest::newRow("a temperature unit")
-        << "u2 2"
-        << "kelvin (K)" << temperature << QStringList { "onOff" } << QString()
-        << "kelvin (K)" + indent + "The default unit for " + temperature + " is : Celsius (°C).";
-}
-
-void tst_CatalogueEditor::properties()
-{
-    QFETCH(QString, key);
-    QFETCH(QString, nodeText);
-    QFETCH(QString, parentText);
-    QFETCH(QStringList, enabled);
-    QFETCH(QString, factorText);
-    QFETCH(QString, comments);
-    CatalogueEditor editor(m_catalogue, m_session);
-    const CatalogueEditor::Properties p = editor.properties(key, nodeText, parentText);
-    QStringList applying;
-    const QList<QPair<const char *, bool>> flags = {
-        { "name", p.nameEnabled },
-        { "factor", p.factorEnabled },
-        { "exact", p.exactEnabled },
-        { "exactVisible", p.exactVisible },
-        { "onOff", p.onOffEnabled },
-        { "addUnit", p.addUnitEnabled },
-        { "removeUnit", p.removeUnitEnabled },
-        { "removeQuantity", p.removeQuantityEnabled },
-    };
-    for (const auto &[name, on] : flags)
-        if (on)
-            applying.append(QString::fromLatin1(name));
-    QCOMPARE(applying, enabled);
-    QCOMPARE(p.factorText, factorText);
-    QCOMPARE(p.comments, comments);
-    QCOMPARE(p.name, key == QStringLiteral("root") ? QString() : nodeText);
-}
-
-void tst_CatalogueEditor::twoUnitsOfOneNameShowTheFirst()
-{
-    CatalogueEditor editor(m_catalogue, m_session);
-    const int j = editor.addUnit(m_widgets, QStringLiteral("sprocket"), QStringLiteral("7")).unit;
-    editor.renameUnit(m_widgets, j, QStringLiteral("gadget"));
-    const auto p = editor.properties(CatalogueEditor::unitKey(m_widgets, j),
-        QStringLiteral("gadget"), QStringLiteral("Widgets"));
-    QCOMPARE(p.unit, 2);
-    QCOMPARE(p.factorText, QStringLiteral("2.5"));
-}
-
-void tst_CatalogueEditor::renamingTheDefaultUnitMovesTheDefault()
-{
-    CatalogueEditor editor(m_catalogue, m_session);
-    editor.renameUnit(m_widgets, 1, QStringLiteral("doohickey"));
-    QCOMPARE(editor.quantity(m_widgets).DefaultUnit, QStringLiteral("doohickey"));
-    QCOMPARE(editor.unitIcon(m_widgets, 1), CatalogueEditor::DefaultUnitIcon);
-    editor.renameUnit(m_widgets, 2, QStringLiteral("thingamajig"));
-    QCOMPARE(editor.quantity(m_widgets).DefaultUnit, QStringLiteral("doohickey"));
-
-    editor.setUnitOnOff(m_widgets, 1, 0);
-    QCOMPARE(editor.unitIcon(m_widgets, 1), CatalogueEditor::DisabledDefaultUnitIcon);
-    editor.setUnitOnOff(m_widgets, 1, 1);
-    QCOMPARE(editor.unitIcon(m_widgets, 1), CatalogueEditor::DefaultUnitIcon);
-}
-
-void tst_CatalogueEditor::missingDefaultUnitBecomesTheFirstUnit()
-{
-    m_catalogue.Quantities[m_widgets].DefaultUnit = QStringLiteral("no such unit");
-    CatalogueEditor editor(m_catalogue, m_session);
-    QCOMPARE(editor.quantity(m_widgets).DefaultUnit, QStringLiteral("widget"));
-    QCOMPARE(editor.unitIcon(m_widgets, 1), CatalogueEditor::DefaultUnitIcon);
-    QVERIFY(!m_session.CatalogueChanged);
-
-    // A quantity without units gets its first unit as default when one is added.
-    QVERIFY(!editor.addUnit(m_empty, QStringLiteral("first"), QStringLiteral("3")).refusal);
-    QCOMPARE(editor.quantity(m_empty).DefaultUnit, QStringLiteral("first"));
+    addRows<EditRow>({
+        { "switching on a quantity that is on", [](auto &e) { e.setQuantityOnOff(Length, 1); } },
+        { "switching off a unit", [](auto &e) { e.setUnitOnOff(Length, 2, 0); } },
+        { "renaming a quantity to its own name", [](auto &e) { e.renameQuantity(Rays, "Rays"); } },
+        { "renaming a unit", [](auto &e) { e.renameUnit(Widgets, 2, "gizmo"); } },
+        { "typing a factor", [](auto &e) { e.setFactorText(Widgets, 2, "4"); } },
+        { "ticking Exact", [](auto &e) { e.setExact(Widgets, 2, 1); } },
+        { "removing a unit", [](auto &e) { e.removeUnit(Widgets, 2); } },
+        { "removing a quantity", [](auto &e) { e.removeQuantity(Rays); } },
+    });
 }
 
 void tst_CatalogueEditor::everyEditSetsTheChangedFlag()
 {
-    const QList<std::function<void(CatalogueEditor &)>> edits = {
-        [&](CatalogueEditor &e) { e.setQuantityOnOff(m_length, 1); }, // the same state again
-        [&](CatalogueEditor &e) { e.setUnitOnOff(m_length, 2, 0); },
-        [&](CatalogueEditor &e) { e.renameQuantity(m_widgets, QStringLiteral("Widgets")); },
-        [&](CatalogueEditor &e) { e.renameUnit(m_widgets, 2, QStringLiteral("gizmo")); },
-        [&](CatalogueEditor &e) { e.setFactorText(m_widgets, 2, QStringLiteral("4")); },
-        [&](CatalogueEditor &e) { e.setExact(m_widgets, 2, 1); },
-        [&](CatalogueEditor &e) { e.removeUnit(m_widgets, 2); },
-        [&](CatalogueEditor &e) { e.removeQuantity(m_rays); },
+    QFETCH(EditRow, row);
+    CatalogueEditor editor(m_catalogue, m_session);
+    QVERIFY(!m_session.CatalogueChanged);
+    row.edit(editor);
+    QVERIFY(m_session.CatalogueChanged);
+}
+
+void tst_CatalogueEditor::missingDefaultUnitBecomesTheFirstUnit()
+{
+    m_catalogue.Quantities[Widgets].DefaultUnit = QStringLiteral("gadget"); // there: kept
+    m_catalogue.Quantities[Rays].DefaultUnit = QStringLiteral("Ray"); // the test is exact
+    m_catalogue.Quantities[Empty].DefaultUnit = QStringLiteral("gone"); // no unit to replace it
+    CatalogueEditor editor(m_catalogue, m_session);
+    QCOMPARE(editor.quantity(Widgets).DefaultUnit, QStringLiteral("gadget"));
+    QCOMPARE(editor.unitIcon(Widgets, 1), CatalogueEditor::EnabledUnitIcon);
+    QCOMPARE(editor.unitIcon(Widgets, 2), CatalogueEditor::DefaultUnitIcon);
+    QCOMPARE(editor.quantity(Rays).DefaultUnit, QStringLiteral("ray"));
+    QCOMPARE(editor.unitIcon(Rays, 1), CatalogueEditor::DefaultUnitIcon);
+    QCOMPARE(editor.quantity(Empty).DefaultUnit, QStringLiteral("gone"));
+    QVERIFY(!m_session.CatalogueChanged);
+    // A quantity without units gets its first unit as default when one is added.
+    QVERIFY(!editor.addUnit(Empty, QStringLiteral("first"), QStringLiteral("3")).refusal);
+    QCOMPARE(editor.quantity(Empty).DefaultUnit, QStringLiteral("first"));
+}
+
+void tst_CatalogueEditor::properties_data()
+{
+    const QString temperature = text(Catalogue::TemperatureNameId);
+    const QString top = QStringLiteral("Physical Quantities");
+    const QString in = QStringLiteral("\n     ");
+    const QString lengthHas = "The default unit for this physical quantity is : metre (m).";
+    const QString builtin = "This unit's conversion factor cannot be modified" + in
+        + "The default unit for Length is : metre (m).";
+    const QString widgets = in + "The default unit for Widgets is : widget.";
+    const QString custom
+        = "This unit is a custom unit, and therefore its conversion factor can be modified.";
+    const QString customUnit = "name factor exact exactVisible onOff addUnit removeUnit on";
+    const auto twoGadgets = [](CatalogueEditor &e) {
+        e.addUnit(Widgets, "sprocket", "7");
+        e.renameUnit(Widgets, 3, "gadget");
     };
-    for (int i = 0; i < edits.size(); ++i) {
-        m_session.CatalogueChanged = false;
-        CatalogueEditor editor(m_catalogue, m_session);
-        edits[i](editor);
-        QVERIFY2(m_session.CatalogueChanged, qPrintable(QString::number(i)));
-    }
+    addRows<PanelRow>({
+        { "the root", {}, "root", top, {}, {}, {}, {} },
+        { "a built-in quantity", {}, "pLength", "Length", top, "onOff addUnit on", {},
+            "Length has 2 units." + in + lengthHas },
+        { "a switched-off quantity", [](auto &e) { e.setQuantityOnOff(Length, 0); }, "pLength",
+            "Length", top, "onOff addUnit", {}, "Length has 2 units." + in + lengthHas },
+        { "a custom quantity of one unit", {}, "pRays", "Rays", top,
+            "name onOff addUnit removeQuantity on", {},
+            "Rays has 1 unit." + in + "The default unit for this physical quantity is : ray." },
+        { "a custom quantity without units", {}, "pEmpty", "Empty", top,
+            "name onOff addUnit removeQuantity on", {},
+            "Empty has 0 units." + in + "The default unit for this physical quantity is : ." },
+        { "temperature", {}, "p" + temperature, temperature, top, "onOff on", {},
+            temperature + " has 4 units." + in
+                + "You cannot add any units to this physical quantity." },
+        { "a built-in unit", {}, "u1 2", "foot (ft)", "Length",
+            "exactVisible onOff addUnit on exactTicked", "0.3048", builtin },
+        { "a switched-off built-in unit", [](auto &e) { e.setUnitOnOff(Length, 2, 0); }, "u1 2",
+            "foot (ft)", "Length", "exactVisible onOff addUnit exactTicked", "0.3048", builtin },
+        { "a custom quantity's default unit", {}, "u3 1", "widget", "Widgets",
+            "name exactVisible onOff addUnit on exactTicked", "1",
+            "This unit is the default unit, and therefore its conversion factor cannot be "
+            "modified."
+                + widgets },
+        { "a custom unit", {}, "u3 2", "gadget", "Widgets", customUnit, "2.5", custom + widgets },
+        { "two units of one name show the first", twoGadgets, "u3 3", "gadget", "Widgets",
+            customUnit, "2.5", custom + widgets },
+        { "a temperature unit", {}, "u2 2", "kelvin (K)", temperature, "onOff on", {},
+            "kelvin (K)" + in + "The default unit for " + temperature + " is : Celsius (°C)." },
+        { "a node whose unit is gone", [](auto &e) { e.removeUnit(Widgets, 2); }, "u3 2", "gadget",
+            "Widgets", {}, {}, {} },
+    });
+}
+
+void tst_CatalogueEditor::properties()
+{
+    QFETCH(PanelRow, row);
+    CatalogueEditor editor(m_catalogue, m_session);
+    if (row.edit)
+        row.edit(editor);
+    const CatalogueEditor::Properties p = editor.properties(row.key, row.nodeText, row.parentText);
+    QStringList applying;
+    for (const auto &[name, on] :
+        { std::pair { "name", p.nameEnabled }, { "factor", p.factorEnabled },
+            { "exact", p.exactEnabled }, { "exactVisible", p.exactVisible },
+            { "onOff", p.onOffEnabled }, { "addUnit", p.addUnitEnabled },
+            { "removeUnit", p.removeUnitEnabled }, { "removeQuantity", p.removeQuantityEnabled },
+            { "on", p.enabled }, { "exactTicked", p.exact } })
+        if (on)
+            applying.append(QString::fromLatin1(name));
+    QCOMPARE(applying.join(u' '), row.shown);
+    QCOMPARE(p.factorText, row.factorText);
+    QCOMPARE(p.comments, row.comments);
+    QCOMPARE(p.name, row.shown.isEmpty() ? QString() : row.nodeText);
 }
 
 void tst_CatalogueEditor::findProblem_data()
 {
-    QTest::addColumn<int>("edit");
-    QTest::addColumn<QString>("message"); // empty: nothing wrong
-    QTest::addColumn<int>("quantity");
-    QTest::addColumn<int>("unit");
-
-    QTest::newRow("nothing wrong") << 0 << QString() << 0 << 0;
-    QTest::newRow("a quantity renamed to nothing") << 1 << text(5250) << 3 << 0;
-    QTest::newRow("a unit renamed to blanks") << 2 << text(5250) << 3 << 2;
-    QTest::newRow("a unit renamed like another")
-        << 3 << text(5224) + "widget" + text(5225) << 3 << 2;
-    QTest::newRow("two custom units differing in capitals")
-        << 4 << text(5254).arg(QStringLiteral("WIDGET"), QStringLiteral("widget")) << 3 << 2;
-    QTest::newRow("a quantity renamed like a built-in one in other capitals")
-        << 5 << text(5254).arg(QStringLiteral("LENGTH"), QStringLiteral("Length")) << 3 << 0;
-    QTest::newRow("a quantity renamed with a backslash") << 6 << text(5251) << 4 << 0;
-    QTest::newRow("a factor typed as 0") << 7 << text(5256).arg(QStringLiteral("gadget")) << 3 << 2;
-    QTest::newRow("a factor typed as no number")
-        << 8 << text(5256).arg(QStringLiteral("gadget")) << 3 << 2;
-    QTest::newRow("a built-in unit may share capitals with a custom one")
-        << 9 << QString() << 0 << 0;
+    const auto footTwice = [](CatalogueEditor &e) {
+        e.addUnit(Length, "feet", "0.3");
+        e.renameUnit(Length, 3, "foot (ft)");
+    };
+    addRows<ProblemRow>({
+        { "nothing wrong", {}, {}, 0, 0 },
+        { "a quantity renamed to nothing", [](auto &e) { e.renameQuantity(Widgets, ""); },
+            message(5250), Widgets, 0 },
+        { "a unit renamed to blanks", [](auto &e) { e.renameUnit(Widgets, 2, "  "); },
+            message(5250), Widgets, 2 },
+        { "a unit renamed like another", [](auto &e) { e.renameUnit(Widgets, 2, "widget"); },
+            message(5224, "widget"), Widgets, 2 },
+        { "a custom unit renamed like a built-in one", footTwice, message(5224, "foot (ft)"),
+            Length, 3 },
+        { "two custom units differing in capitals",
+            [](auto &e) { e.renameUnit(Widgets, 2, "WIDGET"); }, message(5254, "WIDGET", "widget"),
+            Widgets, 2 },
+        { "a quantity renamed like another", [](auto &e) { e.renameQuantity(Rays, "Widgets"); },
+            message(5215), Rays, 0 },
+        { "a quantity renamed like a built-in one in other capitals",
+            [](auto &e) { e.renameQuantity(Widgets, "LENGTH"); }, message(5254, "LENGTH", "Length"),
+            Widgets, 0 },
+        { "a quantity renamed with a backslash", [](auto &e) { e.renameQuantity(Rays, "a\\b"); },
+            message(5251), Rays, 0 },
+        { "a factor typed as 0", [](auto &e) { e.setFactorText(Widgets, 2, "0"); },
+            message(5256, "gadget"), Widgets, 2 },
+        { "a factor typed as no number", [](auto &e) { e.setFactorText(Widgets, 2, "lots"); },
+            message(5256, "gadget"), Widgets, 2 },
+        { "a built-in unit may share capitals with a custom one",
+            [](auto &e) { e.addUnit(Length, "FOOT (FT)", "0.3048"); }, {}, 0, 0 },
+    });
 }
 
 void tst_CatalogueEditor::findProblem()
 {
-    QFETCH(int, edit);
-    QFETCH(QString, message);
-    QFETCH(int, quantity);
-    QFETCH(int, unit);
+    QFETCH(ProblemRow, row);
     CatalogueEditor editor(m_catalogue, m_session);
-    switch (edit) {
-    case 1:
-        editor.renameQuantity(m_widgets, QString());
-        break;
-    case 2:
-        editor.renameUnit(m_widgets, 2, QStringLiteral("  "));
-        break;
-    case 3:
-        editor.renameUnit(m_widgets, 2, QStringLiteral("widget"));
-        break;
-    case 4:
-        editor.renameUnit(m_widgets, 2, QStringLiteral("WIDGET"));
-        break;
-    case 5:
-        editor.renameQuantity(m_widgets, QStringLiteral("LENGTH"));
-        break;
-    case 6:
-        editor.renameQuantity(m_rays, QStringLiteral("a\\b"));
-        break;
-    case 7:
-        editor.setFactorText(m_widgets, 2, QStringLiteral("0"));
-        break;
-    case 8:
-        editor.setFactorText(m_widgets, 2, QStringLiteral("lots"));
-        break;
-    case 9:
-        editor.addUnit(m_length, QStringLiteral("FOOT (FT)"), QStringLiteral("0.3048"));
-        break;
-    }
-    const auto problem = editor.findProblem();
-    if (message.isEmpty()) {
-        QVERIFY2(!problem, problem ? qPrintable(problem->notice.text) : "");
-        return;
-    }
-    QVERIFY(problem);
-    QCOMPARE(problem->notice.text, message);
-    QCOMPARE(problem->quantity, quantity);
-    QCOMPARE(problem->unit, unit);
+    if (row.edit)
+        row.edit(editor);
+    const auto problem = editor.findProblem().value_or(CatalogueEditor::Problem());
+    QCOMPARE(problem.notice.text, row.message);
+    QCOMPARE(problem.quantity, row.quantity);
+    QCOMPARE(problem.unit, row.unit);
 }
 
 void tst_CatalogueEditor::specialNamesSurviveTheStore_data()
 {
-    QTest::addColumn<QString>("quantityName");
-    QTest::addColumn<QString>("unitName");
-
-    QTest::newRow("quotes") << "The \"quoted\" one"
-                            << "\"inch\"";
-    QTest::newRow("a backslash in a unit name") << "Slashes"
-                                                << "back\\slash\\";
-    QTest::newRow("brackets") << "[Bracketed]"
-                              << "]odd[";
-    QTest::newRow("equals signs") << "a=b"
-                                  << "=c=";
-    QTest::newRow("leading and trailing blanks") << " Padded "
-                                                 << "  unit  ";
-    QTest::newRow("a semicolon and an at sign") << ";comment-like"
-                                                << "@";
-    QTest::newRow("a long quantity name") << QString(255, u'L') << QString(40, u'u');
-    QTest::newRow("non-Latin scripts") << "Длина 長さ"
-                                       << "aršin ℓ 尺";
-    QTest::newRow("characters beyond the basic plane") << "Emoji 📏"
-                                                       << "ruler 𝔐";
+    addRows<NamesRow>({
+        { "quotes", "The \"quoted\" one", "\"inch\"" },
+        { "a backslash in a unit name", "Slashes", "back\\slash\\" },
+        { "brackets and equals signs", "[Bracketed]=", "]odd[=c=" },
+        { "leading and trailing blanks", " Padded ", "  unit  " },
+        { "a semicolon and an at sign", ";comment-like", "@" },
+        { "the longest names", QString(255, u'L'), QString(40, u'u') },
+        { "non-Latin scripts", "Длина 長さ", "aršin ℓ 尺" },
+        { "characters beyond the basic plane", "Emoji 📏", "ruler 𝔐" },
+    });
 }
 
 void tst_CatalogueEditor::specialNamesSurviveTheStore()
 {
-    QFETCH(QString, quantityName);
-    QFETCH(QString, unitName);
+    QFETCH(NamesRow, row);
     const QString file = m_dir.filePath(QStringLiteral("special.reg"));
     QFile::remove(file);
+    const QString base = QStringLiteral("base ") + row.unit;
     {
         SettingsStore store(std::make_unique<HiveFile>(file));
         Catalogue live;
         live.LoadCatalogue(store);
         CatalogueEditor editor(live, m_session);
-        const auto quantity = editor.addQuantity(quantityName, QStringLiteral("base ") + unitName);
-        QVERIFY(!quantity.refusal);
-        const auto added = editor.addUnit(quantity.quantity, unitName, QStringLiteral("2.5"));
-        QVERIFY(!added.refusal);
+        const auto quantity = editor.addQuantity(row.quantity, base);
+        const auto added = editor.addUnit(quantity.quantity, row.unit, QStringLiteral("2.5"));
+        QVERIFY(!quantity.refusal && !added.refusal);
         editor.setExact(quantity.quantity, added.unit, 1);
         QVERIFY(!editor.findProblem());
         editor.commitToStore(store, m_session);
@@ -569,20 +457,18 @@ void tst_CatalogueEditor::specialNamesSurviveTheStore()
     SettingsStore reopened(std::make_unique<HiveFile>(file));
     Catalogue restarted;
     restarted.LoadCatalogue(reopened);
-    const int q = restarted.findQuantity(quantityName);
+    const int q = restarted.findQuantity(row.quantity);
     QVERIFY(q > Catalogue::BuiltinQuantityCount);
     const PhysicalQuantity &quantity = restarted.Quantities[q];
-    QCOMPARE(quantity.Custom, 1);
-    QCOMPARE(quantity.DefaultUnit, QStringLiteral("base ") + unitName);
-    QCOMPARE(quantity.UnitCount, 2);
-    const UnitEntry &u = restarted.Units[q][restarted.findUnit(q, unitName)];
-    QCOMPARE(u.Name, unitName);
+    QVERIFY(quantity.Custom == 1 && quantity.UnitCount == 2);
+    QCOMPARE(quantity.DefaultUnit, base);
+    const UnitEntry &u = restarted.Units[q][restarted.findUnit(q, row.unit)];
+    QCOMPARE(u.Name, row.unit);
     QCOMPARE(u.FactorText, QStringLiteral("2.5"));
-    QCOMPARE(u.Exact, 1);
-    QCOMPARE(u.OnOff, 1);
+    QVERIFY(u.Exact == 1 && u.OnOff == 1);
 }
 
-void tst_CatalogueEditor::commitRewritesTheWholeKey_data()
+void tst_CatalogueEditor::commitRewritesTheWholeKeyInOneSave_data()
 {
     QTest::addColumn<bool>("trayHintShown");
     QTest::addColumn<bool>("firstRunHelpShown");
@@ -592,78 +478,58 @@ void tst_CatalogueEditor::commitRewritesTheWholeKey_data()
     QTest::newRow("both shown") << true << true;
 }
 
-void tst_CatalogueEditor::commitRewritesTheWholeKey()
+void tst_CatalogueEditor::commitRewritesTheWholeKeyInOneSave()
 {
     QFETCH(bool, trayHintShown);
     QFETCH(bool, firstRunHelpShown);
     const QString file = m_dir.filePath(QStringLiteral("commit.reg"));
     QFile::remove(file);
-    SettingsStore store(std::make_unique<HiveFile>(file));
-    store.RegWriteString(
-        QStringLiteral("settings"), QStringLiteral("currvalue"), QStringLiteral("12"));
-    store.RegWriteString(
-        QStringLiteral("User\\Units\\Gone"), QStringLiteral("old"), QStringLiteral("a2"));
+    auto hive = std::make_unique<CountingHive>(file);
+    CountingHive *counter = hive.get();
+    SettingsStore store(std::move(hive));
+    const auto read = [&store](const char *key, const char *name) {
+        return store.RegReadString(QString::fromUtf8(key), QString::fromUtf8(name), "absent");
+    };
+    store.RegWriteString(QStringLiteral("settings"), "currvalue", "12");
+    store.RegWriteString(QStringLiteral("User\\Units\\Gone"), "old", "a2");
     m_session.TrayHintShown = trayHintShown;
     m_session.FirstRunHelpShown = firstRunHelpShown;
 
     CatalogueEditor editor(m_catalogue, m_session);
-    editor.setUnitOnOff(m_length, 2, 0);
-    editor.commitToStore(store, m_session);
-
-    QVERIFY(store.values(QStringLiteral("User\\Units\\Gone")).isEmpty());
-    const QString none = QStringLiteral("absent");
-    QCOMPARE(
-        store.RegReadString(QStringLiteral("settings"), QStringLiteral("currvalue"), none), none);
-    QCOMPARE(store.RegReadString(QStringLiteral("settings"), QStringLiteral("minonce"), none),
-        trayHintShown ? QStringLiteral("1") : none);
-    QCOMPARE(store.RegReadString(QStringLiteral("settings"), QStringLiteral("StartOnce"), none),
-        firstRunHelpShown ? QStringLiteral("1") : none);
-    QCOMPARE(store.RegReadString(
-                 QStringLiteral("User\\OnOff\\Length"), QStringLiteral("foot (ft)"), none),
-        QStringLiteral("0"));
-    QCOMPARE(
-        store.RegReadString(QStringLiteral("User\\Units\\Widgets"), QStringLiteral("gadget"), none),
-        QStringLiteral("a2.5"));
-    QCOMPARE(store.RegReadString(
-                 QStringLiteral("User\\NewQuans\\Widgets"), QStringLiteral("DefaultUnit"), none),
-        QStringLiteral("widget"));
-}
-
-void tst_CatalogueEditor::commitSavesOnce()
-{
-    const QString file = m_dir.filePath(QStringLiteral("once.reg"));
-    QFile::remove(file);
-    auto hive = std::make_unique<CountingHive>(file);
-    CountingHive *counter = hive.get();
-    SettingsStore store(std::move(hive));
-    store.RegWriteString(
-        QStringLiteral("settings"), QStringLiteral("currvalue"), QStringLiteral("12"));
+    editor.setUnitOnOff(Length, 2, 0);
     counter->flushes = 0;
-
-    CatalogueEditor editor(m_catalogue, m_session);
-    for (int j = 0; j < 20; ++j)
-        editor.addUnit(m_widgets, QStringLiteral("unit %1").arg(j), QStringLiteral("3"));
     editor.commitToStore(store, m_session);
     QCOMPARE(counter->flushes, 1);
+    QCOMPARE(read("User\\Units\\Gone", "old"), "absent");
+    QCOMPARE(read("settings", "currvalue"), "absent");
+    QCOMPARE(read("settings", "minonce"), trayHintShown ? "1" : "absent");
+    QCOMPARE(read("settings", "StartOnce"), firstRunHelpShown ? "1" : "absent");
+    QCOMPARE(read("User\\OnOff\\Length", "foot (ft)"), "0");
+    QCOMPARE(read("User\\Units\\Widgets", "gadget"), "a2.5");
+    QCOMPARE(read("User\\NewQuans\\Widgets", "DefaultUnit"), "widget");
 }
 
 void tst_CatalogueEditor::applyReplacesTheLiveCatalogue()
 {
-    m_catalogue.CurrentQuantity = m_rays;
+    m_catalogue.CurrentQuantity = Rays;
     CatalogueEditor editor(m_catalogue, m_session);
-    editor.removeQuantity(m_widgets);
-    editor.renameQuantity(m_widgets, QStringLiteral("Beams")); // Rays, moved down one
-    editor.addUnit(m_length, QStringLiteral("rod"), QStringLiteral("5.0292"));
+    editor.removeQuantity(Widgets);
+    QCOMPARE(editor.quantityNodeKey(Widgets), QStringLiteral("pRays")); // moved down one
+    editor.renameQuantity(Widgets, QStringLiteral("Beams"));
+    editor.addUnit(Length, QStringLiteral("rod"), QStringLiteral("5.0292"));
     Catalogue live = m_catalogue;
     editor.applyTo(live);
-    QCOMPARE(live.QuantityCount, m_catalogue.QuantityCount - 1);
-    QCOMPARE(live.Quantities[m_widgets].Name, QStringLiteral("Beams"));
-    QCOMPARE(live.Quantities[m_length].UnitCount, 3);
-    QCOMPARE(live.Units[m_length][3].Name, QStringLiteral("rod"));
-    QCOMPARE(live.enabledUnitNames(m_length).size(), 3);
-    QCOMPARE(live.CurrentQuantity, m_widgets); // still the quantity that was current
+    QCOMPARE(live.QuantityCount, Empty - 1);
+    QCOMPARE(int(live.Units.size()), Empty);
+    QCOMPARE(live.Quantities[Widgets].Name, QStringLiteral("Beams"));
+    QCOMPARE(live.Units[Widgets][1].Name, QStringLiteral("ray"));
+    QCOMPARE(live.Quantities[Length].UnitCount, 3);
+    QCOMPARE(live.Units[Length][3].Name, QStringLiteral("rod"));
+    QCOMPARE(live.Units[Length][3].Factor, 5.0292);
+    QCOMPARE(live.enabledUnitNames(Length).size(), 3);
+    QCOMPARE(live.CurrentQuantity, Widgets); // still the quantity that was current
 
-    m_catalogue.CurrentQuantity = m_widgets;
+    m_catalogue.CurrentQuantity = Widgets;
     Catalogue removed = m_catalogue;
     editor.applyTo(removed);
     QCOMPARE(removed.CurrentQuantity, 0);

@@ -2,29 +2,22 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The options dialog opened from the main window of a running program: each of its three
-// commands opens it, and what OK changed is in use at once (tabs, lists, number style), while
-// Cancel changes nothing. The dialog is modal, so each test acts on it from inside its event
-// loop. It runs without the modal-window watchdog of the other window tests, which would take
-// the options dialog itself for a stray window.
+// commands opens it, help asked for in it goes to the main window's help, and Cancel changes
+// nothing; what OK changed is in use at once and after a restart. The dialog is modal, so
+// each test acts on it from inside its event loop. It runs without the modal-window watchdog of
+// the other window tests, which would take the options dialog itself for a stray window.
 #include "catalogue/StringTable.h"
+#include "convert/NumberText.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
 #include "options/frmSetOpt.h"
 #include "support/GuiTestMain.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHive.h"
-#include "support/TestProgram.h"
+#include "support/OptionsFixture.h"
 
-#include <functional>
-#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QSignalSpy>
-#include <QTimer>
-#include <QTreeWidget>
-
-static const QString Widgets = QStringLiteral("Zeta Widgets");
 
 class tst_OptionsFromMainWindow : public QObject
 {
@@ -36,213 +29,139 @@ private Q_SLOTS:
     void everyCommandOpensTheDialog_data();
     void everyCommandOpensTheDialog();
     void okPutsTheCatalogueIntoUse();
-    void okPutsTheNumberStyleIntoUse();
     void removingTheCurrentQuantity();
-    void hintsShownInEarlierRunsStayShown();
-    void helpIsPassedOn();
 
 private:
-    bool start();
-    // Runs the options command; act is called on the open dialog and must close it.
-    bool runOptions(QAction *command, const std::function<void(frmSetOpt *)> &act);
     QStringList tabs() const;
-    static void selectNode(frmSetOpt *dialog, const QString &text);
-    static void click(frmSetOpt *dialog, const char *name);
+    QString currentTab() const;
+    void clickUnit(const char *list, const QString &unit);
 
-    std::unique_ptr<TestHive> m_hive;
-    std::unique_ptr<ScriptedDialogs> m_dialogs;
-    std::unique_ptr<TestProgram> m_program;
+    OptionsFixture f;
 };
 
 void tst_OptionsFromMainWindow::init()
 {
-    m_hive = std::make_unique<TestHive>();
-    m_hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    m_hive->writeSetting(QStringLiteral("currphysquan"), Widgets);
-    m_hive->addQuantity(Widgets,
-        { { QStringLiteral("widget"), QStringLiteral("x1") },
-            { QStringLiteral("gadget"), QStringLiteral("2.5") },
-            { QStringLiteral("sprocket"), QStringLiteral("0.35") } });
-    m_dialogs = std::make_unique<ScriptedDialogs>();
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-    QVERIFY(start());
+    f.reset();
+    f.hive->writeSetting(QStringLiteral("currphysquan"), OptionsFixture::Widgets);
+    f.hive->writeSetting(QStringLiteral("minonce"), QStringLiteral("1")); // in an earlier run
+    QVERIFY(f.startProgram());
 }
 
 void tst_OptionsFromMainWindow::cleanup()
 {
-    m_program.reset();
-    m_dialogs.reset();
-    m_hive.reset();
-}
-
-bool tst_OptionsFromMainWindow::start()
-{
-    if (!m_program->start() || !QTest::qWaitForWindowExposed(m_program->window()))
-        return false;
-    m_program->window()->activateWindow();
-    return QTest::qWaitForWindowActive(m_program->window());
-}
-
-bool tst_OptionsFromMainWindow::runOptions(
-    QAction *command, const std::function<void(frmSetOpt *)> &act)
-{
-    bool opened = false;
-    QTimer::singleShot(0, this, [&] {
-        auto *dialog = qobject_cast<frmSetOpt *>(QApplication::activeModalWidget());
-        opened = dialog != nullptr;
-        if (dialog)
-            act(dialog);
-    });
-    command->trigger();
-    return opened;
+    f.close();
 }
 
 QStringList tst_OptionsFromMainWindow::tabs() const
 {
     QStringList names;
-    auto *bar = m_program->find<QuantityTabBar *>("tabMain");
+    auto *bar = f.program->find<QuantityTabBar *>("tabMain");
     for (int i = 0; i < bar->count(); ++i)
         names.append(bar->tabText(i));
     return names;
 }
 
-void tst_OptionsFromMainWindow::selectNode(frmSetOpt *dialog, const QString &text)
+QString tst_OptionsFromMainWindow::currentTab() const
 {
-    auto *tree = dialog->findChild<QTreeWidget *>(QStringLiteral("treeMain"));
-    const auto found = tree->findItems(text, Qt::MatchExactly | Qt::MatchRecursive);
-    if (!found.isEmpty())
-        tree->setCurrentItem(found.first());
+    auto *bar = f.program->find<QuantityTabBar *>("tabMain");
+    return bar->tabText(bar->currentIndex());
 }
 
-void tst_OptionsFromMainWindow::click(frmSetOpt *dialog, const char *name)
+void tst_OptionsFromMainWindow::clickUnit(const char *name, const QString &unit)
 {
-    dialog->findChild<QAbstractButton *>(QLatin1String(name))->click();
+    auto *list = f.program->find<QListWidget *>(name);
+    const QList<QListWidgetItem *> items = list->findItems(unit, Qt::MatchExactly);
+    QVERIFY2(!items.isEmpty(), qPrintable(unit));
+    QTest::mouseClick(
+        list->viewport(), Qt::LeftButton, {}, list->visualItemRect(items.first()).center());
 }
 
 void tst_OptionsFromMainWindow::everyCommandOpensTheDialog_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::newRow("Options... in the File menu") << "mnufilesetopt";
-    QTest::newRow("Options... in the pop-up menu") << "mnuview2numfor";
-    QTest::newRow("double-click on status panel 3") << "StatusBarPanel3";
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("Options... in the File menu") << QByteArray("mnufilesetopt");
+    QTest::newRow("Options... in the pop-up menu") << QByteArray("mnuview2numfor");
+    QTest::newRow("double-click on status panel 3") << QByteArray("StatusBarPanel3");
 }
 
+// F1 and the tutorial button ask the main window for help; Cancel drops every edit.
 void tst_OptionsFromMainWindow::everyCommandOpensTheDialog()
 {
-    QFETCH(QString, command);
+    QFETCH(QByteArray, command);
     const QStringList before = tabs();
-    bool opened = false;
-    QTimer::singleShot(0, this, [&] {
-        auto *dialog = qobject_cast<frmSetOpt *>(QApplication::activeModalWidget());
-        opened = dialog != nullptr;
-        if (dialog) {
-            selectNode(dialog, Widgets);
-            click(dialog, "optOnOff_1"); // an edit, dropped by Cancel
-            click(dialog, "cmdCancel");
-        }
-    });
-    if (command.startsWith(QStringLiteral("StatusBarPanel"))) {
-        auto *panel = m_program->find<StatusPanel *>(command.toLatin1().constData());
-        QTest::mouseDClick(panel, Qt::LeftButton);
-    } else {
-        m_program->find<QAction *>(command.toLatin1().constData())->trigger();
-    }
-    QVERIFY(opened);
+    const QByteArray hive = f.hiveBytes();
+    QSignalSpy help(f.program->window(), &frmMain::helpRequested);
+    f.answer({ QStringLiteral("Gizmos"), QStringLiteral("gizmo") });
+    QVERIFY(f.runOptions(command.constData(), [&] {
+        f.click("cmdTutorial");
+        QApplication::setActiveWindow(f.dialog()); // shortcuts go to the active window
+        QTest::keyClick(f.dialog(), Qt::Key_F1);
+        f.select(f.node(u'p' + OptionsFixture::Widgets));
+        f.click("optOnOff_1");
+        f.click("cmdAddNewPhysQuan");
+        f.click("Option1_0");
+        f.click("chkSysTray");
+        f.click("cmdCancel");
+    }));
+    QCOMPARE(help.size(), 2);
+    QCOMPARE(help.at(0).at(0).toInt(), 24);
+    QCOMPARE(help.at(1).at(0).toInt(), 40);
     QCOMPARE(tabs(), before);
-    QVERIFY(!m_hive->read(QStringLiteral("User\\NewQuans\\") + Widgets, QStringLiteral("OnOff"))
-                 .value_or(QString())
-                 .startsWith(u'0'));
+    QVERIFY(!f.program->find<StatusPanel *>("StatusBarPanel4")->isPanelEnabled());
+    QCOMPARE(f.hiveBytes(), hive);
+    QVERIFY(!f.program->startup().session().CatalogueChanged); // the edits are dropped
 }
 
-// A built-in quantity switched off loses its tab and a new unit is listed, at once.
+// A built-in quantity switched off loses its tab, a new unit converts and the number style
+// changes, at once and after a restart. OK rewrites the program's whole key: hints shown in an
+// earlier run stay shown.
 void tst_OptionsFromMainWindow::okPutsTheCatalogueIntoUse()
 {
-    const QString temperature = StringTable::text(3000);
+    const QString temperature = StringTable::text(Catalogue::TemperatureNameId);
     QVERIFY(tabs().contains(temperature));
-    m_dialogs->answerInput(QStringLiteral("doohickey"));
-    m_dialogs->answerInput(QStringLiteral("4"));
-    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
-        selectNode(dialog, temperature);
-        click(dialog, "optOnOff_1");
-        selectNode(dialog, Widgets);
-        click(dialog, "cmdAddNewUnit");
-        click(dialog, "cmdOK");
+    f.answer({ QStringLiteral("doohickey"), QStringLiteral("4") });
+    QVERIFY(f.runOptions("mnufilesetopt", [&] {
+        f.click("Option1_0");
+        f.click("optTabs_0");
+        f.select(f.node(u'p' + temperature));
+        f.click("optOnOff_1");
+        f.select(f.node(u'p' + OptionsFixture::Widgets));
+        f.click("cmdAddNewUnit");
+        f.click("cmdOK");
     }));
-    QVERIFY(m_dialogs->scriptDone());
-    QVERIFY(!tabs().contains(temperature));
-    auto *bar = m_program->find<QuantityTabBar *>("tabMain");
-    QCOMPARE(bar->tabText(bar->currentIndex()), Widgets);
-    const auto units = m_program->find<QListWidget *>("lstLeft")->findItems(
-        QStringLiteral("doohickey"), Qt::MatchExactly);
-    QCOMPARE(units.size(), 1);
-    QCOMPARE(m_hive->read(QStringLiteral("User\\Units\\") + Widgets, QStringLiteral("doohickey")),
-        std::optional<QString>(QStringLiteral("a4")));
-}
-
-void tst_OptionsFromMainWindow::okPutsTheNumberStyleIntoUse()
-{
-    auto *scientific = m_program->find<StatusPanel *>("StatusBarPanel4");
-    QVERIFY(!scientific->isPanelEnabled());
-    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
-        click(dialog, "Option1_0");
-        click(dialog, "optTabs_0");
-        click(dialog, "cmdOK");
-    }));
-    QVERIFY(scientific->isPanelEnabled());
-    QVERIFY(!m_program->find<QuantityTabBar *>("tabMain")->buttonStyle());
-    QCOMPARE(m_hive->readSetting(QStringLiteral("scientific")),
-        std::optional<QString>(QStringLiteral("1")));
+    QVERIFY(f.dialogs.scriptDone());
+    for (int run = 1; run <= 2; ++run) {
+        QVERIFY(!tabs().contains(temperature));
+        QCOMPARE(currentTab(), OptionsFixture::Widgets);
+        QVERIFY(!f.program->find<QuantityTabBar *>("tabMain")->buttonStyle());
+        QVERIFY(f.program->find<StatusPanel *>("StatusBarPanel4")->isPanelEnabled());
+        QLineEdit *value = f.program->find<QComboBox *>("txtLeft")->lineEdit();
+        value->selectAll();
+        QTest::keyClicks(value, QStringLiteral("8"));
+        clickUnit("lstLeft", QStringLiteral("widget"));
+        clickUnit("lstRight", QStringLiteral("doohickey"));
+        const QString result = f.program->find<QLineEdit *>("txtRight")->text();
+        QVERIFY2(NumberText::leadingNumber(result) == 2.0, qPrintable(result));
+        if (run == 2)
+            break;
+        QVERIFY(f.program->close());
+        QVERIFY(f.startProgram());
+        QVERIFY(!f.program->startup().firstRunHelp());
+        QVERIFY(f.program->startup().session().TrayHintShown);
+    }
 }
 
 void tst_OptionsFromMainWindow::removingTheCurrentQuantity()
 {
-    m_dialogs->answerQuestion(Dialogs::Yes);
-    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
-        selectNode(dialog, Widgets);
-        click(dialog, "cmdRemovePhysQuan");
-        click(dialog, "cmdOK");
+    f.dialogs.answerQuestion(Dialogs::Yes);
+    QVERIFY(f.runOptions("mnufilesetopt", [&] {
+        f.select(f.node(u'p' + OptionsFixture::Widgets));
+        f.click("cmdRemovePhysQuan");
+        f.click("cmdOK");
     }));
-    QVERIFY(!tabs().contains(Widgets));
-    auto *bar = m_program->find<QuantityTabBar *>("tabMain");
-    QVERIFY(bar->currentIndex() >= 0);
-    QVERIFY(m_program->find<QListWidget *>("lstLeft")->count() > 0);
-}
-
-// OK rewrites the whole settings key. The first-run help and the tray hint were shown in an
-// earlier run, not this one: after a restart on the same settings neither comes back.
-void tst_OptionsFromMainWindow::hintsShownInEarlierRunsStayShown()
-{
-    m_program.reset();
-    m_hive->writeSetting(QStringLiteral("minonce"), QStringLiteral("1"));
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-    QVERIFY(start());
-    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
-        selectNode(dialog, StringTable::text(3000));
-        click(dialog, "optOnOff_1");
-        click(dialog, "cmdOK");
-    }));
-    QVERIFY(m_program->close());
-    QCOMPARE(m_hive->readSetting(QStringLiteral("minonce")),
-        std::optional<QString>(QStringLiteral("1")));
-
-    m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
-    QVERIFY(start());
-    QVERIFY(!m_program->startup().firstRunHelp());
-    QVERIFY(m_program->startup().session().TrayHintShown);
-}
-
-void tst_OptionsFromMainWindow::helpIsPassedOn()
-{
-    QSignalSpy help(m_program->window(), &frmMain::helpRequested);
-    QVERIFY(runOptions(m_program->find<QAction *>("mnufilesetopt"), [&](frmSetOpt *dialog) {
-        click(dialog, "cmdTutorial");
-        QApplication::setActiveWindow(dialog); // shortcuts go to the active window
-        QTest::keyClick(dialog, Qt::Key_F1);
-        click(dialog, "cmdCancel");
-    }));
-    QCOMPARE(help.size(), 2);
-    QCOMPARE(help.at(0).at(0).toInt(), frmSetOpt::HelpContextCustomUnits);
-    QCOMPARE(help.at(1).at(0).toInt(), frmSetOpt::HelpContextOptions);
+    QVERIFY(!tabs().contains(OptionsFixture::Widgets));
+    QVERIFY(f.program->find<QuantityTabBar *>("tabMain")->currentIndex() >= 0);
+    QVERIFY(f.program->find<QListWidget *>("lstLeft")->count() > 0);
 }
 
 int main(int argc, char *argv[])
