@@ -177,6 +177,13 @@ void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
         selectUnit(right(), unit);
         QCOMPARE(read.records[row], conversion("12", "foot", result(), unit, Lengths));
     }
+    QCOMPARE(m_dialogs->asked().last().defaultName, QStringLiteral("untitled.txt"));
+
+    m_dialogs->answerSaveFile(m_temp.filePath("gone/report.txt"));
+    m_dialogs->expectMessage();
+    action("mnuFileSaveAllConvForItem")->trigger();
+    QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
+        "The conversions could not be saved to " + m_temp.filePath("gone/report.txt")));
 }
 
 void tst_MarkedConversionsInMainWindow::leaving_data()
