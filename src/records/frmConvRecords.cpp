@@ -576,6 +576,7 @@ frmConvRecords::LoadOutcome frmConvRecords::loadFile(const QString &path, QWidge
 
     startProgress(StringId::Loading, dialogParent);
     QList<MarkedConversion> step;
+    int steps = 0;
     while (outcome.status == ConversionsReader::Reading) {
         step.clear();
         outcome.status = reader.readSome(step, RecordsPerStep);
@@ -586,8 +587,13 @@ frmConvRecords::LoadOutcome frmConvRecords::loadFile(const QString &path, QWidge
             outcome.cancelled = true;
             break;
         }
+        ++steps;
     }
     endProgress();
+    // A load long enough to show its progress ends at 100%, as a save does, however short its
+    // last step was.
+    if (steps > 1 && !outcome.cancelled)
+        reportProgress(reader.size(), reader.size());
     if (outcome.cancelled) {
         m_dialogs.message(dialogParent,
             Notice { Notice::Information,

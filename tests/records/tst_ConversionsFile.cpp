@@ -1,115 +1,88 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The bytes of conversions files as written, their encoding, and how saving fails: a failed or
-// cancelled save must leave whatever file was there untouched.
+// Conversions files written and read: the bytes written and the encoding chosen, what reads back
+// (every unit name of the catalogue, the numbering past 999), files of every kind and damage,
+// large ones included, and saves that fail or are cancelled, which must leave the old file as it
+// was.
+#include "catalogue/Catalogue.h"
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
-#include "records/TestRecords.h"
+#include "shell/HiveFile.h"
+#include "shell/SettingsStore.h"
+#include "support/RecordsFixture.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QTemporaryDir>
-#include <QTest>
+#include <QRandomGenerator>
 #include <unistd.h>
-
-Q_DECLARE_METATYPE(UnitReport)
 
 static QByteArray written(const Records &records)
 {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    const auto result = ConversionsFile::writeRecords(buffer, records);
-    return result.ok() ? buffer.data() : QByteArray("failed");
+    return ConversionsFile::writeRecords(buffer, records).ok() ? buffer.data() : "failed";
 }
 
-// A device that accepts a given number of bytes and then fails, like a full disk.
-class FailingDevice : public QIODevice
+static QByteArray fileBytes(const QString &path)
 {
-public:
-    explicit FailingDevice(qint64 room)
-        : m_room(room)
-    {
-        open(WriteOnly);
-    }
-
-protected:
-    qint64 readData(char *, qint64) override { return -1; }
-    qint64 writeData(const char *, qint64 length) override
-    {
-        if (length > m_room) {
-            setErrorString(QStringLiteral("No space left on device"));
-            return -1;
-        }
-        m_room -= length;
-        return length;
-    }
-
-private:
-    qint64 m_room;
-};
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
+}
 
 class tst_ConversionsFile : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void markedConversionBytes_data();
-    void markedConversionBytes();
-    void reportBytes_data();
-    void reportBytes();
-    void writtenTextsReadBack_data();
-    void writtenTextsReadBack();
-    void progressAndCancel();
-    void writeFaultIsReported();
-    void saveFailureLeavesOldFile_data();
-    void saveFailureLeavesOldFile();
-    void cancelledSaveLeavesOldFile();
-    void saveReplacesWholeFile();
+    void bytesWritten_data();
+    void bytesWritten();
+    void readBack_data();
+    void readBack();
+    void read_data();
+    void read();
+    void utf8IsRecognised_data();
+    void utf8IsRecognised();
+    void recordPositions_data();
+    void recordPositions();
+    void largeFiles_data();
+    void largeFiles();
+    void readsInSteps();
+    void saveProgress();
+    void saveLeavesTheOldFileUnlessWhole_data();
+    void saveLeavesTheOldFileUnlessWhole();
+    void fullDiskIsReported();
 };
 
-void tst_ConversionsFile::markedConversionBytes_data()
+void tst_ConversionsFile::bytesWritten_data()
 {
     QTest::addColumn<Records>("records");
     QTest::addColumn<QByteArray>("expected");
-
     QTest::newRow("nothing to write ends after the two empty lines") << Records() << Opening;
-
     QTest::newRow("records numbered from 1 with CR LF after the last")
         << Records { conversion("12", "metre (m)", "39.370 08", "inch (in)", "Length"),
                conversion("1", "erg  (dyne-centimetre)", "1E-7", "joule (J)", "Energy") }
         << Opening
             + "     1.     12  metre (m)  =  39.370 08  inch (in)  [Length]\r\n"
               "     2.     1  erg  (dyne-centimetre)  =  1E-7  joule (J)  [Energy]\r\n";
-
-    QTest::newRow("degree sign written as the single byte of code page 1252")
-        << Records { conversion(
-               "100", "Celsius (\u00B0C)", "212", "Fahrenheit (\u00B0F)", "Temperature") }
+    QTest::newRow("degree, euro sign and quotes as the bytes of code page 1252")
+        << Records { conversion("100", "\u00B0C", "1", "\u20AC \u201Cx\u201D", "T") }
         << Opening
-            + "     1.     100  Celsius (\xB0"
-              "C)  =  212  Fahrenheit (\xB0"
-              "F)  "
-              "[Temperature]\r\n";
-
-    QTest::newRow("euro sign and typographic quotes are in code page 1252")
-        << Records { conversion("1", "\u20AC \u201Cunit\u201D", "2", "b", "q") }
-        << Opening + "     1.     1  \x80 \x93unit\x94  =  2  b  [q]\r\n";
-
-    QByteArray utf8 = "\xEF\xBB\xBF" + Opening
-        + "     1.     1  ohm (\xCE\xA9)  =  1  volt per ampere  [Resistance]\r\n"
-          "     2.     5  micro\xC2\xB5  =  5  \xE2\x82\xAC  [q]\r\n";
+            + "     1.     100  \xB0"
+              "C  =  1  \x80 \x93x\x94  [T]\r\n";
     QTest::newRow("a character outside code page 1252 makes the whole file UTF-8 with a mark")
-        << Records { conversion("1", "ohm (\u03A9)", "1", "volt per ampere", "Resistance"),
-               conversion("5", "micro\u00B5", "5", "\u20AC", "q") }
-        << utf8;
-
+        << Records { conversion("1", "ohm (\u03A9)", "1", "V/A", "R"),
+               conversion("5", "\u00B5m", "5", "\u20AC", "q") }
+        << "\xEF\xBB\xBF" + Opening
+            + "     1.     1  ohm (\xCE\xA9)  =  1  V/A  [R]\r\n"
+              "     2.     5  \xC2\xB5m  =  5  \xE2\x82\xAC  [q]\r\n";
     QTest::newRow("texts written as stored, blanks and commas included")
         << Records { conversion(" 1 234.5 ", "a, b", "", "", "") }
         << Opening + "     1.      1 234.5   a, b  =      []\r\n";
 }
 
-void tst_ConversionsFile::markedConversionBytes()
+void tst_ConversionsFile::bytesWritten()
 {
     QFETCH(Records, records);
     QFETCH(QByteArray, expected);
@@ -117,212 +90,420 @@ void tst_ConversionsFile::markedConversionBytes()
     QCOMPARE(ConversionsFile::encode(ConversionsFile::recordsText(records)), expected);
 }
 
-void tst_ConversionsFile::writtenTextsReadBack_data()
+void tst_ConversionsFile::readBack_data()
 {
     QTest::addColumn<Records>("records");
-    QTest::addColumn<bool>("withMark");
+    QTest::addColumn<QString>("encoding"); // "1252", "UTF-8" or "" for either
+    QTest::addColumn<Records>("expected"); // when not the records themselves
+    const auto row = [](const char *name, const QString &unit, const char *encoding) {
+        QTest::newRow(name) << Records { conversion("5", unit, "6", "\u00B0", "q") }
+                            << QString::fromLatin1(encoding) << Records();
+    };
+    row("plain text and a degree sign", "metre (m)", "1252");
+    // Code page 1252 only when its bytes cannot be taken for UTF-8 on reading.
+    row("1252 bytes that are no UTF-8 beside such bytes", "\u00C3\u00A9", "1252");
+    row("1252 signs side by side", "\u20AC\u201C\u00B1\u00B0\u00B5\u00B2\u201D", "1252");
+    row("a character outside 1252 beside such bytes", "\u00C3\u00A9\u03A9", "UTF-8");
+    row("a control character that 1252 lacks", "\u0080", "UTF-8");
+    row("other scripts, quotes and brackets",
+        "\"\u0441\u0430\u0436\u0435\u043D\u044C\" [\U0001D400]", "UTF-8");
+    QTest::newRow("empty texts") << Records { conversion("5", "", "", "", "") } << "1252"
+                                 << Records();
+    const MarkedConversion mojibake
+        = conversion("1", "\u00C3\u00A9", "1", "\u00E2\u201A\u00AC", "q");
+    QTest::newRow("1252 bytes that would read as UTF-8")
+        << Records { mojibake } << "UTF-8" << Records();
+    QTest::newRow("such bytes, and no UTF-8 in another record")
+        << Records { mojibake, conversion("2", "a", "2", "\u00E9t\u00E9", "q") } << "1252"
+        << Records();
 
-    QTest::newRow("plain ASCII in code page 1252")
-        << Records { conversion("12", "metre (m)", "39.37", "inch (in)", "Length") } << false;
-    QTest::newRow("degree sign in code page 1252")
-        << Records { conversion("1", "Celsius (\u00B0C)", "1", "kelvin (K)", "Temperature") }
-        << false;
-    QTest::newRow("1252 bytes that are valid UTF-8 are written as UTF-8")
-        << Records { conversion("1", "\u00C3\u00A9", "1", "\u00E2\u201A\u00AC", "q") } << true;
-    QTest::newRow("one text whose 1252 bytes are not UTF-8 keeps the file in 1252")
-        << Records { conversion("1", "\u00C3\u00A9", "1", "\u00B0", "q") } << false;
-    QTest::newRow("such texts in different records")
-        << Records { conversion("1", "\u00C3\u00A9", "1", "b", "q"),
-               conversion("2", "a", "2", "\u00E9t\u00E9", "q") }
-        << false;
-    QTest::newRow("a character outside 1252 with mojibake beside it")
-        << Records { conversion("1", "\u00C3\u00A9", "1", "\u03A9", "q") } << true;
+    // Every unit name of the catalogue, except those holding a comma (which the reading splits
+    // on purpose), in files of fewer than 1000 records, so that every record reads back whole.
+    QTemporaryDir temp;
+    SettingsStore store(std::make_unique<HiveFile>(temp.filePath("hive.reg")));
+    Catalogue catalogue;
+    catalogue.LoadCatalogue(store);
+    Records units;
+    for (int q = 1; q <= catalogue.QuantityCount; ++q) {
+        const PhysicalQuantity &quantity = catalogue.Quantities[q];
+        for (int j = 1; j <= quantity.UnitCount; ++j) {
+            const QString name = catalogue.Units[q][j].Name;
+            if (!name.contains(u',') && !quantity.Name.contains(u','))
+                units << conversion("1.5", name, "2.500 1E-9", quantity.DefaultUnit, quantity.Name)
+                      << conversion("-3", quantity.DefaultUnit, "1 234 567", name, quantity.Name);
+        }
+    }
+    QVERIFY(units.size() > 500);
+    for (qsizetype first = 0; first < units.size(); first += 999)
+        QTest::addRow("catalogue units from record %d", int(first + 1))
+            << units.mid(first, 999) << QString() << Records();
+
+    // From record 1000 on the number column is one character wider than the reader skips: the
+    // first value comes out empty and the unit starts with it.
+    Records many, read;
+    for (int i = 1; i <= 1005; ++i) {
+        many.append(conversion(QString::number(i), "m", "3", "ft", "Length"));
+        read.append(i < 1000 ? many.last()
+                             : conversion("", QString::number(i) + "  m", "3", "ft", "Length"));
+    }
+    QTest::newRow("records past 999") << many << QStringLiteral("1252") << read;
 }
 
 // Whatever encoding the writer picks, the reader must take the bytes for that encoding.
-void tst_ConversionsFile::writtenTextsReadBack()
+void tst_ConversionsFile::readBack()
 {
     QFETCH(Records, records);
-    QFETCH(bool, withMark);
-    const QByteArray bytes = written(records);
-    QCOMPARE(bytes.startsWith("\xEF\xBB\xBF"), withMark);
-    const ConversionsReader::Result read = ConversionsReader::readBytes(bytes);
-    QCOMPARE(read.status, ConversionsReader::Finished);
-    QCOMPARE(read.records, records);
-    QCOMPARE(
-        ConversionsReader::readBytes(ConversionsFile::encode(ConversionsFile::recordsText(records)))
-            .records,
-        records);
+    QFETCH(QString, encoding);
+    QFETCH(Records, expected);
+    QTemporaryDir temp;
+    const QString path = temp.filePath("conversions.txt");
+    QVERIFY(ConversionsFile::saveRecords(path, records).ok());
+    if (!encoding.isEmpty())
+        QCOMPARE(fileBytes(path).startsWith("\xEF\xBB\xBF"), encoding == "UTF-8");
+    const ConversionsReader::Result result = ConversionsReader::readFile(path);
+    QCOMPARE(result.status, ConversionsReader::Finished);
+    QCOMPARE(result.records, expected.isEmpty() ? records : expected);
 }
 
-void tst_ConversionsFile::reportBytes_data()
+void tst_ConversionsFile::read_data()
 {
-    QTest::addColumn<UnitReport>("report");
-    QTest::addColumn<QByteArray>("expected");
+    QTest::addColumn<QByteArray>("bytes"); // a null array: no file at all
+    QTest::addColumn<int>("status");
+    QTest::addColumn<Records>("expected");
+    QTest::addColumn<int>("badLine");
+    const auto row
+        = [](const char *name, const QByteArray &bytes, int status, const Records &expected = {},
+              int badLine = 0) { QTest::newRow(name) << bytes << status << expected << badLine; };
+    const int Finished = ConversionsReader::Finished, Foreign = ConversionsReader::Foreign,
+              BadRecord = ConversionsReader::BadRecord;
+    const QByteArray two = Opening
+        + "     1.     12  m  =  39.370 08  in  [Length]\r\n"
+          "     2.     1  erg  (dyne-centimetre)  =  1E-7  J  [Energy]\r\n";
+    const Records twoRead { conversion("12", "m", "39.370 08", "in", "Length"),
+        conversion("1", "erg  (dyne-centimetre)", "1E-7", "J", "Energy") };
+    const QByteArray one = "     1.     1  a  =  2  b  [q]\r\n";
+    const Records oneRead { conversion("1", "a", "2", "b", "q") };
 
-    UnitReport temperature;
-    temperature.fromValue = "100";
-    temperature.fromUnit = "Celsius (\u00B0C)";
-    temperature.quantity = "Temperature";
-    temperature.lines = { { "100", "Celsius (\u00B0C)" }, { "373.15", "kelvin (K)" },
-        { "212", "Fahrenheit (\u00B0F)" } };
-    QTest::newRow("every unit gets a numbered line with the same from value") << temperature
-                                                                              << Opening
-            + "     1.     100  Celsius (\xB0"
-              "C)  =  100  Celsius (\xB0"
-              "C)  [Temperature]\r\n"
-              "     2.     100  Celsius (\xB0"
-              "C)  =  373.15  kelvin (K)  [Temperature]\r\n"
-              "     3.     100  Celsius (\xB0"
-              "C)  =  212  Fahrenheit (\xB0"
-              "F)  [Temperature]\r\n";
+    row("two records", two, Finished, twoRead);
+    row("LF line ends", QByteArray(two).replace("\r\n", "\n"), Finished, twoRead);
+    row("CR line ends", QByteArray(two).replace("\r\n", "\r"), Finished, twoRead);
+    row("no line end after the last record", two.chopped(2), Finished, twoRead);
+    row("header only", Opening, Finished);
+    row("heading compared on its first ten characters", "Conversion: tables\r\n" + one, Finished,
+        oneRead);
+    row("foreign text file", "Shopping list\r\nmilk\r\n", Foreign);
+    row("empty file", "", Foreign);
+    row("heading in other case", "CONVERSION report\r\n" + one, Foreign);
+    row("heading with a letter missing", "Conversio report\r\n" + one, Foreign);
+    row("UTF-16 file",
+        QByteArray("\xFF\xFE"
+                   "C\0o\0n\0v\0e\0r\0s\0i\0o\0n\0",
+            22),
+        Foreign);
+    row("no such file", QByteArray(), ConversionsReader::Unreadable);
 
-    UnitReport empty;
-    empty.fromValue = "1";
-    empty.fromUnit = "a";
-    empty.quantity = "q";
-    QTest::newRow("a quantity without units gives the opening alone") << empty << Opening;
+    row("records must start at number 1", Opening + "     2.     1  a  =  2  b  [q]\r\n", Finished);
+    row("lines before the first record are passed over",
+        Opening + "some remark\r\n\r\nmore, and more\r\n" + one, Finished, oneRead);
+    row("a line without separators ends reading, earlier records stay",
+        Opening + one + "     2.     no separators here\r\n" + one, BadRecord, oneRead, 6);
+    row("so does an empty line among the records", Opening + one + "\r\n" + one, BadRecord, oneRead,
+        6);
+    row("so does it with LF line ends", QByteArray(Opening + one + "\r\n" + one).replace("\r", ""),
+        BadRecord, oneRead, 6);
+    row("so does it with CR line ends",
+        QByteArray(Opening + one + "broken\r\n").replace("\r\n", "\r"), BadRecord, oneRead, 6);
+    row("a first record with nothing after its number", Opening + "     1.     \r\n", BadRecord, {},
+        5);
+    row("nothing after the quantity's opening bracket", Opening + "     1.     1  a  =  2  b  [",
+        BadRecord, {}, 5);
+    row("empty quantity between the brackets", Opening + "     1.     1  a  =  2  b  []\r\n",
+        Finished, { conversion("1", "a", "2", "b", "") });
+
+    // A comma ends a field: the piece before it is read as a record of its own.
+    row("comma in a unit name leaves a piece without separators",
+        Opening + one + "     2.     5  metre, long  =  6  foot  [Length]\r\n", BadRecord, oneRead,
+        6);
+    row("comma in a quantity name yields a cut record, then fails",
+        Opening + "     1.     5  m  =  6  ft  [Length, old]\r\n", BadRecord,
+        { conversion("5", "m", "6", "ft", "Lengt") }, 5);
+    row("a quoted field keeps its comma, what follows the quote is dropped",
+        Opening + "\"1.     5  a,b  =  6  c  [q]\" dropped\r\n", Finished,
+        { conversion("5", "a,b", "6", "c", "q") });
+
+    row("UTF-8 without a mark",
+        Opening + "     1.     1  \xCE\xA9 \xE2\x82\xAC  =  1  \xF0\x9F\x93\x8F  [q]\r\n", Finished,
+        { conversion("1", "\u03A9 \u20AC", "1", "\U0001F4CF", "q") });
+    row("UTF-8 with a mark", "\xEF\xBB\xBF" + Opening + "     1.     1  \xC2\xB0  =  1  x  [q]",
+        Finished, { conversion("1", "\u00B0", "1", "x", "q") });
+    row("invalid UTF-8 late in the file makes all of it 1252",
+        Opening + "     1.     1  \xC2\xB0  =  1  x  [q]\r\n     2.     1  \xB0  =  1  x  [q]\r\n",
+        Finished,
+        { conversion("1", "\u00C2\u00B0", "1", "x", "q"),
+            conversion("1", "\u00B0", "1", "x", "q") });
 }
 
-void tst_ConversionsFile::reportBytes()
+void tst_ConversionsFile::read()
 {
-    QFETCH(UnitReport, report);
-    QFETCH(QByteArray, expected);
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    QVERIFY(ConversionsFile::writeReport(buffer, report).ok());
-    QCOMPARE(buffer.data(), expected);
+    QFETCH(QByteArray, bytes);
+    QFETCH(int, status);
+    QFETCH(Records, expected);
+    QFETCH(int, badLine);
+    // Through a real file as well as from memory.
+    QTemporaryDir temp;
+    const QString path = temp.filePath("conversions.txt");
+    QList<ConversionsReader::Result> results { ConversionsReader::readFile(path) };
+    if (!bytes.isNull()) {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(bytes);
+        file.close();
+        results = { ConversionsReader::readFile(path), ConversionsReader::readBytes(bytes) };
+    }
+    for (const auto &result : results) {
+        QCOMPARE(int(result.status), status);
+        QCOMPARE(result.records, expected);
+        QCOMPARE(result.badLine, badLine);
+        if (status == ConversionsReader::Unreadable)
+            QVERIFY(!result.errorText.isEmpty());
+        QCOMPARE(result.notice.has_value(), status == ConversionsReader::Foreign);
+        if (result.notice)
+            QCOMPARE(result.notice->text,
+                QStringLiteral("This file was not generated by Mensura. "
+                               "Only Mensura files can be opened"));
+    }
 }
 
-void tst_ConversionsFile::progressAndCancel()
+void tst_ConversionsFile::utf8IsRecognised_data()
 {
-    Records records(2500, conversion("1", "a", "2", "b", "q"));
-    QList<qint64> seen;
-    QBuffer buffer;
-    buffer.open(QIODevice::WriteOnly);
-    auto result = ConversionsFile::writeRecords(buffer, records, [&](qint64 done, qint64 total) {
-        seen.append(done);
-        return total == 2500;
-    });
-    QVERIFY(result.ok());
-    QVERIFY(seen.size() >= 2);
-    QCOMPARE(seen.last(), 2500);
-    for (int i = 1; i < seen.size(); ++i)
-        QVERIFY(seen[i] > seen[i - 1]);
-
-    buffer.close();
-    buffer.setData(QByteArray());
-    buffer.open(QIODevice::WriteOnly);
-    result = ConversionsFile::writeRecords(buffer, records, [](qint64, qint64) { return false; });
-    QCOMPARE(result.status, ConversionsFile::WriteResult::Cancelled);
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("utf8");
+    const auto row = [](const char *name, const QByteArray &bytes, bool utf8) {
+        QTest::newRow(name) << bytes << utf8;
+    };
+    row("plain ASCII", "metre (m)", true);
+    row("lowest and highest two-byte forms", "\xC2\x80 \xDF\xBF", true);
+    row("lowest three-byte form", "\xE0\xA0\x80", true);
+    row("euro sign, last before the surrogates", "\xE2\x82\xAC \xED\x9F\xBF \xEF\xBF\xBF", true);
+    row("lowest and highest four-byte forms", "\xF0\x90\x80\x80 \xF4\x8F\xBF\xBF", true);
+    row("a 1252 sign among eight ASCII letters",
+        "abc\xB0"
+        "defgh",
+        false);
+    row("1252 euro sign alone", "\x80", false);
+    row("two 1252 signs", "\xB1\xB0", false);
+    row("three 1252 signs", "\xB1\xB0\xB5", false);
+    row("four 1252 signs", "\xB1\xB0\xB5\xB2", false);
+    row("UTF-8 then a 1252 sign", "\xC3\xA9\xB0", false);
+    row("overlong two-byte form", "\xC1\xBF", false);
+    row("overlong three-byte form", "\xE0\x9F\xBF", false);
+    row("surrogate", "\xED\xA0\x80", false);
+    row("overlong four-byte form", "\xF0\x8F\xBF\xBF", false);
+    row("above U+10FFFF", "\xF4\x90\x80\x80", false);
+    row("no such lead byte", "\xF5\x80\x80\x80", false);
+    row("last continuation byte missing",
+        "\xE2\x82"
+        "A",
+        false);
+    row("cut short by the end", "\xE2\x82", false);
 }
 
-void tst_ConversionsFile::writeFaultIsReported()
+void tst_ConversionsFile::utf8IsRecognised()
 {
-    Records records(5000, conversion("1", "a", "2", "b", "q"));
-    FailingDevice device(10000);
-    const auto result = ConversionsFile::writeRecords(device, records);
-    QCOMPARE(result.status, ConversionsFile::WriteResult::Failed);
-    QVERIFY(result.errorText.contains("No space"));
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, utf8);
+    // Continuation bytes after the end: a check that reads past it takes them.
+    const QByteArray padded = bytes + "\x80\x80\x80";
+    QCOMPARE(ConversionsReader::isValidUtf8(padded.constData(), bytes.size()), utf8);
 }
 
-void tst_ConversionsFile::saveFailureLeavesOldFile_data()
+void tst_ConversionsFile::recordPositions_data()
+{
+    QTest::addColumn<QString>("field");
+    QTest::addColumn<MarkedConversion>("expected"); // all empty: not a record
+    const auto row = [](const char *name, const char *field, const MarkedConversion &expected) {
+        QTest::newRow(name) << QString::fromUtf8(field) << expected;
+    };
+    row("record 10000: the value runs into the unit", "10000.     5  a  =  6  b  [q]",
+        conversion("", " 5  a", "6", "b", "q"));
+    row("a double blank inside the second value moves it into the unit",
+        "1.     5  a  =  6  7  b  [q]", conversion("5", "a", "6", "7  b", "q"));
+    row("tabs around the first value stay", "1.     \t5\t  a  =  6  b  [q]",
+        conversion("\t5\t", "a", "6", "b", "q"));
+    row("the quantity loses its last character whatever it is", "1.     5  a  =  6  b  [quantity",
+        conversion("5", "a", "6", "b", "quantit"));
+    row("no equals separator", "1.     5  a  6  b  [q]", {});
+    row("no blank pair after the second value", "1.     5  a  =  6", {});
+    row("no quantity bracket", "1.     5  a  =  6  b", {});
+}
+
+void tst_ConversionsFile::recordPositions()
+{
+    QFETCH(QString, field);
+    QFETCH(MarkedConversion, expected);
+    MarkedConversion record;
+    QCOMPARE(ConversionsReader::parseRecord(field, record), expected != MarkedConversion());
+    QCOMPARE(record, expected);
+}
+
+void tst_ConversionsFile::largeFiles_data()
+{
+    QTest::addColumn<QByteArray>("start");
+    QTest::addColumn<int>("status");
+    QTest::newRow("50 MB of binary garbage") << QByteArray() << int(ConversionsReader::Foreign);
+    QTest::newRow("50 MB of records with long names")
+        << Opening << int(ConversionsReader::Finished);
+    QTest::newRow("a record line of 50 MB without separators")
+        << Opening + "     1.     " << int(ConversionsReader::BadRecord);
+}
+
+// Neither a crash nor a wait: a large file reads at once.
+void tst_ConversionsFile::largeFiles()
+{
+    QFETCH(QByteArray, start);
+    QFETCH(int, status);
+    QTemporaryDir temp;
+    QFile file(temp.filePath("large.txt"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(start);
+    const QString longName(4000, u'n');
+    int records = 0;
+    QRandomGenerator random(7);
+    QByteArray block(1 << 20, 'x');
+    while (file.size() < 50 * 1024 * 1024) {
+        if (start.isEmpty())
+            random.fillRange(reinterpret_cast<quint32 *>(block.data()), block.size() / 4);
+        if (status == ConversionsReader::Finished)
+            block = ConversionsFile::recordLine(++records, "1", longName, "2", longName, "q")
+                        .toLatin1()
+                + "\r\n";
+        file.write(block);
+    }
+    file.close();
+    const auto result = ConversionsReader::readFile(file.fileName());
+    QCOMPARE(int(result.status), status);
+    QCOMPARE(result.records.size(), records);
+    if (records > 0) {
+        QCOMPARE(result.records.first(), conversion("1", longName, "2", longName, "q"));
+        QCOMPARE(result.records.last().toUnit, longName);
+    }
+}
+
+void tst_ConversionsFile::readsInSteps()
+{
+    const Records records(999, conversion("1", "a", "2", "b", "q"));
+    // The first step opens the file.
+    ConversionsReader reader = ConversionsReader::fromBytes(written(records));
+    Records read;
+    QList<qsizetype> counts;
+    qint64 position = reader.position();
+    while (reader.readSome(read, 400) == ConversionsReader::Reading) {
+        QVERIFY(reader.position() > position);
+        position = reader.position();
+        counts.append(read.size());
+    }
+    QCOMPARE(counts, (QList<qsizetype> { 400, 800 }));
+    QCOMPARE(reader.status(), ConversionsReader::Finished);
+    QCOMPARE(read, records);
+    QCOMPARE(reader.position(), reader.size());
+}
+
+// Progress is reported as the records are written, every few hundred of them: often enough to
+// show it, rarely enough not to slow a long save down.
+void tst_ConversionsFile::saveProgress()
+{
+    for (const int total : { 0, 1, 2500 }) {
+        QList<qint64> done;
+        QBuffer buffer;
+        buffer.open(QIODevice::WriteOnly);
+        const auto result = ConversionsFile::writeRecords(
+            buffer, Records(total, conversion("1", "a", "2", "b", "q")), [&](qint64 n, qint64 of) {
+                done.append(n);
+                return of == total;
+            });
+        QVERIFY(result.ok());
+        QVERIFY2(done.size() <= qMax(1, total / 200), qPrintable(QString::number(done.size())));
+        QCOMPARE(done.last(), total);
+        QVERIFY(std::is_sorted(done.begin(), done.end(), std::less_equal<qint64>()));
+    }
+}
+
+void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole_data()
 {
     QTest::addColumn<QString>("how");
-    QTest::newRow("folder removed before saving") << "vanished";
-    QTest::newRow("folder path is a file") << "file";
-    QTest::newRow("folder without write permission") << "readonly";
-    QTest::newRow("target is a read-only file") << "readonlyfile";
-    QTest::newRow("system folder that takes no files") << "proc";
+    QTest::addColumn<int>("status");
+    const int Failed = ConversionsFile::WriteResult::Failed;
+    QTest::newRow("a longer file is replaced whole") << "longer" << 0;
+    QTest::newRow("cancelled half-way") << "cancel" << int(ConversionsFile::WriteResult::Cancelled);
+    QTest::newRow("folder without write permission") << "readonly" << Failed;
+    QTest::newRow("target is a read-only file") << "readonlyfile" << Failed;
+    QTest::newRow("folder removed before saving") << "vanished" << Failed;
+    QTest::newRow("folder path is a file") << "file" << Failed;
+    QTest::newRow("system folder that takes no files") << "proc" << Failed;
 }
 
-void tst_ConversionsFile::saveFailureLeavesOldFile()
+void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
 {
     QFETCH(QString, how);
+    QFETCH(int, status);
     QTemporaryDir temp;
-    QVERIFY(temp.isValid());
-    QString target;
-    const QByteArray old = "the user's own file\r\n";
-    if (how == "proc") {
-        target = QStringLiteral("/proc/conversions.txt");
-    } else if (how == "vanished") {
-        QDir(temp.path()).mkdir("gone");
-        target = temp.filePath("gone/conversions.txt");
-        QDir(temp.filePath("gone")).removeRecursively();
-    } else if (how == "file") {
-        QFile plain(temp.filePath("plain"));
-        QVERIFY(plain.open(QIODevice::WriteOnly));
-        plain.close();
-        target = temp.filePath("plain/conversions.txt");
-    } else {
-        QDir(temp.path()).mkdir("locked");
-        target = temp.filePath("locked/conversions.txt");
-        QFile existing(target);
+    const QString folder = temp.filePath("folder");
+    QDir().mkdir(folder);
+    const QString kept = folder + "/conversions.txt";
+    const QByteArray old = how == "longer" ? QByteArray(100000, 'x') : "the user's own file\r\n";
+    {
+        QFile existing(kept);
         QVERIFY(existing.open(QIODevice::WriteOnly));
         existing.write(old);
-        existing.close();
-        if (how == "readonly")
-            QFile::setPermissions(
-                temp.filePath("locked"), QFileDevice::ReadOwner | QFileDevice::ExeOwner);
-        else
-            QFile::setPermissions(target, QFileDevice::ReadOwner);
+    }
+    QString target = kept;
+    if (how.startsWith("readonly")) {
         if (geteuid() == 0)
             QSKIP("permissions do not stop the superuser");
+        QFile::setPermissions(
+            how == "readonly" ? folder : kept, QFile::ReadOwner | QFile::ExeOwner);
+    } else if (how == "vanished") {
+        QDir(folder).removeRecursively();
+    } else if (how == "file") {
+        target = kept + "/inside.txt";
+    } else if (how == "proc") {
+        target = QStringLiteral("/proc/conversions.txt");
     }
-
-    const auto result
-        = ConversionsFile::saveRecords(target, { conversion("1", "a", "2", "b", "q") });
-    QFile::setPermissions(temp.filePath("locked"),
-        QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-
-    QCOMPARE(result.status, ConversionsFile::WriteResult::Failed);
-    QVERIFY(!result.errorText.isEmpty());
-    if (how.startsWith("readonly")) {
-        QFile existing(target);
-        QVERIFY(existing.open(QIODevice::ReadOnly));
-        QCOMPARE(existing.readAll(), old);
-        QCOMPARE(QDir(temp.filePath("locked")).entryList(QDir::Files | QDir::Hidden),
-            QStringList { "conversions.txt" });
-    } else {
-        QVERIFY(!QFile::exists(target));
-    }
-}
-
-void tst_ConversionsFile::cancelledSaveLeavesOldFile()
-{
-    QTemporaryDir temp;
-    const QString target = temp.filePath("conversions.txt");
-    const QByteArray old = "earlier conversions\r\n";
-    QFile existing(target);
-    QVERIFY(existing.open(QIODevice::WriteOnly));
-    existing.write(old);
-    existing.close();
-
-    Records records(5000, conversion("1", "a", "2", "b", "q"));
     int calls = 0;
-    const auto result = ConversionsFile::saveRecords(target, records, [&](qint64, qint64) {
-        return ++calls < 2; // stop half-way
-    });
-    QCOMPARE(result.status, ConversionsFile::WriteResult::Cancelled);
-    QVERIFY(existing.open(QIODevice::ReadOnly));
-    QCOMPARE(existing.readAll(), old);
-    QCOMPARE(
-        QDir(temp.path()).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
+    const Records records(how == "cancel" ? 5000 : 1, conversion("1", "a", "2", "b", "q"));
+    const auto result = ConversionsFile::saveRecords(
+        target, records, [&](qint64, qint64) { return ++calls < 2; });
+    QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+
+    QCOMPARE(int(result.status), status);
+    QCOMPARE(result.errorText.isEmpty(), status != ConversionsFile::WriteResult::Failed);
+    QVERIFY(!QFile::exists(target) || target == kept);
+    if (how != "vanished") {
+        QCOMPARE(fileBytes(kept), status == 0 ? written(records) : old);
+        // No file half written is left beside it.
+        QCOMPARE(
+            QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
+    }
 }
 
-void tst_ConversionsFile::saveReplacesWholeFile()
+void tst_ConversionsFile::fullDiskIsReported()
 {
-    QTemporaryDir temp;
-    const QString target = temp.filePath("conversions.txt");
-    QFile existing(target);
-    QVERIFY(existing.open(QIODevice::WriteOnly));
-    existing.write(QByteArray(100000, 'x'));
-    existing.close();
-
-    const Records records { conversion("1", "a", "2", "b", "q") };
-    QVERIFY(ConversionsFile::saveRecords(target, records).ok());
-    QVERIFY(existing.open(QIODevice::ReadOnly));
-    QCOMPARE(existing.readAll(), Opening + "     1.     1  a  =  2  b  [q]\r\n");
+    // A device that takes 10000 bytes and then fails, as a full disk does.
+    class FullDevice : public QBuffer
+    {
+        qint64 writeData(const char *data, qint64 length) override
+        {
+            if (size() + length <= 10000)
+                return QBuffer::writeData(data, length);
+            setErrorString(QStringLiteral("No space left on device"));
+            return -1;
+        }
+    } device;
+    device.open(QIODevice::WriteOnly);
+    const auto result
+        = ConversionsFile::writeRecords(device, Records(5000, conversion("1", "a", "2", "b", "q")));
+    QCOMPARE(result.status, ConversionsFile::WriteResult::Failed);
+    QCOMPARE(result.errorText, QStringLiteral("No space left on device"));
 }
 
 QTEST_GUILESS_MAIN(tst_ConversionsFile)

@@ -1,27 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The marked conversions window inside the whole program: the main window's mark, view,
-// delete-all, load and "all conversions for this unit" commands, making a marked conversion
-// current again, and what leaving the program does with the window and the saved flag. The
-// program runs on a hive of its own holding one quantity of the test's own.
-#include "records/ConversionsFile.h"
+// The marked conversions inside the whole program, on a hive of its own that holds one quantity
+// of the test's own: marked conversions saved from their window, deleted and loaded back with the
+// main window's command, made current again; the main window's commands for all conversions of
+// a value; and what leaving the program asks and keeps.
 #include "records/ConversionsReader.h"
 #include "records/frmConvRecords.h"
-#include "records/TestRecords.h"
 #include "support/GuiTestMain.h"
-#include "support/ScriptedDialogs.h"
+#include "support/RecordsFixture.h"
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFile>
 #include <QLineEdit>
 #include <QListView>
 #include <QListWidget>
 #include <QScreen>
-#include <QTabBar>
 
 static const QString Lengths = QStringLiteral("Zeta Length");
 
@@ -32,24 +28,14 @@ class tst_MarkedConversionsInMainWindow : public QObject
 private slots:
     void init();
     void cleanup();
-
-    void markAndView();
-    void deleteAllFromTheMarkedWindowAsksFirst();
-    void makeCurrent();
-    void loadCommand_data();
-    void loadCommand();
-    void saveAllConversionsForThisUnit();
-    void printAllConversionsAsksFirst();
-    void leavingAsksOnlyWhenUnsaved_data();
-    void leavingAsksOnlyWhenUnsaved();
-    void leavingSavesThePlacement();
+    void saveDeleteLoadAndMakeCurrent();
+    void allConversionsOfTheValue();
+    void leaving_data();
+    void leaving();
 
 private:
     bool start();
-    frmConvRecords *records() const
-    {
-        return m_program->window()->findChild<frmConvRecords *>("frmConvRecords");
-    }
+    frmConvRecords *records() const { return &m_program->window()->convRecords(); }
     QAction *action(const char *name) const { return m_program->find<QAction *>(name); }
     QAction *recordsAction(const char *name) const { return records()->findChild<QAction *>(name); }
     QListWidget *left() const { return m_program->find<QListWidget *>("lstLeft"); }
@@ -57,7 +43,6 @@ private:
     QString result() const { return m_program->find<QLineEdit *>("txtRight")->text(); }
     void show(const QString &value, const QString &from, const QString &to);
     void selectUnit(QListWidget *list, const QString &unit);
-    QString selected(QListWidget *list) const;
 
     std::unique_ptr<TestHive> m_hive;
     std::unique_ptr<ScriptedDialogs> m_dialogs;
@@ -79,9 +64,10 @@ void tst_MarkedConversionsInMainWindow::init()
 void tst_MarkedConversionsInMainWindow::cleanup()
 {
     if (m_program->window() && m_program->window()->isVisible()) {
-        // Leaving with marked conversions asks; the answer is not part of any test.
+        // Leaving with unsaved marked conversions asks; the answer is not part of any test.
         m_dialogs->allowMessages(true);
-        if (m_program->window()->markedConversions().size() > 0)
+        if (!m_program->startup().session().MarkedConversionsSaved
+            && m_program->window()->markedConversions().size() > 0)
             m_dialogs->answerQuestion(Dialogs::Yes);
         m_program->close();
     }
@@ -105,12 +91,6 @@ void tst_MarkedConversionsInMainWindow::selectUnit(QListWidget *list, const QStr
         list->viewport(), Qt::LeftButton, {}, list->visualItemRect(items.first()).center());
 }
 
-QString tst_MarkedConversionsInMainWindow::selected(QListWidget *list) const
-{
-    const auto items = list->selectedItems();
-    return items.isEmpty() ? QString() : items.first()->text();
-}
-
 void tst_MarkedConversionsInMainWindow::show(
     const QString &value, const QString &from, const QString &to)
 {
@@ -122,33 +102,23 @@ void tst_MarkedConversionsInMainWindow::show(
     selectUnit(right(), to);
 }
 
-void tst_MarkedConversionsInMainWindow::markAndView()
+void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
 {
     QVERIFY(start());
-    QVERIFY(!records()); // made when first needed
     show("12", "foot", "inch");
     const QString shown = result();
     action("mnurecordsadd")->trigger();
-    QVERIFY(records());
-    QVERIFY(!records()->isVisible());
-    QCOMPARE(
-        records()->conversions(), Records { conversion("12", "foot", shown, "inch", Lengths) });
-
-    action("mnurecordsAddAll")->trigger();
-    QCOMPARE(records()->count(), 1 + right()->count());
-    QCOMPARE(records()->conversions().last().toUnit, QStringLiteral("rod"));
-
+    show("3", "metre", "rod");
+    action("mnurecordsadd")->trigger();
+    const Records marked { conversion("12", "foot", shown, "inch", Lengths),
+        conversion("3", "metre", result(), "rod", Lengths) };
     action("mnuRecordsView")->trigger();
     QVERIFY(QTest::qWaitForWindowExposed(records()));
-    QVERIFY(records()->isVisible());
-}
+    QCOMPARE(records()->conversions(), marked);
 
-void tst_MarkedConversionsInMainWindow::deleteAllFromTheMarkedWindowAsksFirst()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    action("mnurecordsadd")->trigger();
-    action("mnurecordsadd")->trigger();
+    const QString path = m_temp.filePath("marked.txt");
+    m_dialogs->answerSaveFile(path);
+    recordsAction("mnuFileSaveAllRecords")->trigger();
 
     m_dialogs->answerQuestion(Dialogs::No);
     recordsAction("mnuEditDelAllItems")->trigger();
@@ -160,90 +130,33 @@ void tst_MarkedConversionsInMainWindow::deleteAllFromTheMarkedWindowAsksFirst()
     QCOMPARE(records()->count(), 0);
     QVERIFY(!action("mnurecordspurge")->isEnabled());
     QVERIFY(!action("mnuRecordsView")->isEnabled());
-}
 
-void tst_MarkedConversionsInMainWindow::makeCurrent()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    const QString shown = result();
-    action("mnurecordsadd")->trigger();
-    records()->AddConv("5", "furlong", "1", "inch", Lengths);
-    show("3", "metre", "rod");
+    // Loaded back with the main window's command, and added to what is marked.
+    m_dialogs->answerOpenFile(path);
+    action("mnuFileLoad")->trigger();
+    QCOMPARE(records()->conversions(), marked);
+    QVERIFY(action("mnuRecordsView")->isEnabled());
 
+    show("1", "metre", "foot");
     auto *list = records()->findChild<QListView *>("lstConvRecords");
     list->selectionModel()->select(list->model()->index(0, 0), QItemSelectionModel::ClearAndSelect);
     recordsAction("mnuFileMakeCurrentConv")->trigger();
     QCOMPARE(m_program->find<QComboBox *>("txtLeft")->currentText(), QStringLiteral("12"));
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(selected(right()), QStringLiteral("inch"));
+    QCOMPARE(left()->currentItem()->text(), QStringLiteral("foot"));
+    QCOMPARE(right()->currentItem()->text(), QStringLiteral("inch"));
     QCOMPARE(result(), shown);
 
     // A unit that is not in the main window's lists.
-    list->selectionModel()->select(list->model()->index(1, 0), QItemSelectionModel::ClearAndSelect);
+    records()->AddConv("5", "furlong", "1", "inch", Lengths);
+    list->selectionModel()->select(list->model()->index(2, 0), QItemSelectionModel::ClearAndSelect);
     m_dialogs->expectMessage();
     recordsAction("mnuFileMakeCurrentConv")->trigger();
     QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
         "Mensura could not find all of the required details"));
 }
 
-void tst_MarkedConversionsInMainWindow::loadCommand_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<Records>("loaded");
-    QTest::newRow("conversions file") << Opening
-            + "     1.     1  foot  =  12  inch  [Zeta Length]\r\n"
-              "     2.     5  metre  =  0.994 2  rod  [Zeta Length]\r\n"
-                                      << Records { conversion("1", "foot", "12", "inch", Lengths),
-                                             conversion("5", "metre", "0.994 2", "rod", Lengths) };
-    QTest::newRow("foreign file") << QByteArray("no conversions here") << Records();
-}
-
-void tst_MarkedConversionsInMainWindow::loadCommand()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(Records, loaded);
-    QVERIFY(start());
-    const QString path = m_temp.filePath("load.txt");
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-    file.close();
-
-    m_dialogs->answerOpenFile(path);
-    if (loaded.isEmpty())
-        m_dialogs->expectMessage();
-    action("mnuFileLoad")->trigger();
-    QCOMPARE(m_program->window()->markedConversions(), loaded);
-    QCOMPARE(action("mnuRecordsView")->isEnabled(), !loaded.isEmpty());
-    if (loaded.isEmpty()) {
-        QCOMPARE(m_dialogs->asked().last().notice.text,
-            QStringLiteral(
-                "This file was not generated by Mensura. Only Mensura files can be opened"));
-    }
-}
-
 // The report holds, for every unit of the right-hand list, what the main window shows for it.
-void tst_MarkedConversionsInMainWindow::saveAllConversionsForThisUnit()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    const QString path = m_temp.filePath("report.txt");
-    m_dialogs->answerSaveFile(path);
-    action("mnuFileSaveAllConvForItem")->trigger();
-    QCOMPARE(m_dialogs->asked().last().defaultName, QStringLiteral("untitled.txt"));
-
-    const auto read = ConversionsReader::readFile(path);
-    QCOMPARE(read.status, ConversionsReader::Finished);
-    QCOMPARE(read.records.size(), right()->count());
-    for (int row = 0; row < right()->count(); ++row) {
-        const QString unit = right()->item(row)->text();
-        selectUnit(right(), unit);
-        QCOMPARE(read.records[row], conversion("12", "foot", result(), unit, Lengths));
-    }
-}
-
-void tst_MarkedConversionsInMainWindow::printAllConversionsAsksFirst()
+void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
 {
     QVERIFY(start());
     show("12", "foot", "inch");
@@ -252,21 +165,44 @@ void tst_MarkedConversionsInMainWindow::printAllConversionsAsksFirst()
     QCOMPARE(m_dialogs->asked().last().notice.text,
         QStringLiteral("Print a copy (to the default printer) of all of the possible conversions "
                        "for \n12 foot?"));
+
+    const QString path = m_temp.filePath("report.txt");
+    m_dialogs->answerSaveFile(path);
+    action("mnuFileSaveAllConvForItem")->trigger();
+    const auto read = ConversionsReader::readFile(path);
+    QCOMPARE(read.status, ConversionsReader::Finished);
+    QCOMPARE(read.records.size(), right()->count());
+    for (int row = 0; row < right()->count(); ++row) {
+        const QString unit = right()->item(row)->text();
+        selectUnit(right(), unit);
+        QCOMPARE(read.records[row], conversion("12", "foot", result(), unit, Lengths));
+    }
+    QCOMPARE(m_dialogs->asked().last().defaultName, QStringLiteral("untitled.txt"));
+
+    m_dialogs->answerSaveFile(m_temp.filePath("gone/report.txt"));
+    m_dialogs->expectMessage();
+    action("mnuFileSaveAllConvForItem")->trigger();
+    QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
+        "The conversions could not be saved to " + m_temp.filePath("gone/report.txt")));
 }
 
-void tst_MarkedConversionsInMainWindow::leavingAsksOnlyWhenUnsaved_data()
+void tst_MarkedConversionsInMainWindow::leaving_data()
 {
     QTest::addColumn<bool>("saveFirst");
-    QTest::newRow("unsaved marked conversions") << false;
-    QTest::newRow("all saved from the marked window") << true;
+    QTest::newRow("unsaved marked conversions ask first") << false;
+    QTest::newRow("all saved from the marked window, nothing to ask") << true;
 }
 
-void tst_MarkedConversionsInMainWindow::leavingAsksOnlyWhenUnsaved()
+void tst_MarkedConversionsInMainWindow::leaving()
 {
     QFETCH(bool, saveFirst);
     QVERIFY(start());
     show("12", "foot", "inch");
     action("mnurecordsadd")->trigger();
+    records()->show();
+    QVERIFY(QTest::qWaitForWindowExposed(records()));
+    records()->move(144, 96);
+    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
     if (saveFirst) {
         m_dialogs->answerSaveFile(m_temp.filePath("saved.txt"));
         recordsAction("mnuFileSaveAllRecords")->trigger();
@@ -276,20 +212,11 @@ void tst_MarkedConversionsInMainWindow::leavingAsksOnlyWhenUnsaved()
     QVERIFY(m_program->close());
     QCOMPARE(m_dialogs->asked().last().kind,
         saveFirst ? ScriptedDialogs::SaveFile : ScriptedDialogs::Question);
-}
-
-void tst_MarkedConversionsInMainWindow::leavingSavesThePlacement()
-{
-    QVERIFY(start());
-    if (!qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0))
-        QSKIP("the twips below are worked out for 96 dots per inch");
-    m_program->window()->convRecords().show();
-    QVERIFY(QTest::qWaitForWindowExposed(records()));
-    records()->move(144, 96);
-    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
-    QVERIFY(m_program->close());
-    QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
-    QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
+    // The marked conversions window's placement is kept with the rest.
+    if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
+        QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
+        QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
+    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_MarkedConversionsInMainWindow)

@@ -1,25 +1,20 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The marked conversions window driven as a user drives it: lines shown for marked conversions,
-// selection texts, menu states, copy, delete, make current, save and load with their failures
-// and cancelling, and the window's placement.
+// The marked conversions window driven as a user drives it, with RecordsFixture standing in for
+// the main window: the lines and counts shown, what the selection enables, copying, saving and
+// printing the selected or all lines, deleting, making a line current, loading with its
+// failures and cancelling, and the window's size and placement. The file format itself is
+// tst_ConversionsFile's; here a saved file is only read back.
 #include "help/HelpTopics.h"
 #include "records/ConversionsFile.h"
+#include "records/ConversionsReader.h"
 #include "records/frmConvRecords.h"
-#include "records/PdfText.h"
-#include "records/RecordsFakes.h"
-#include "records/TestRecords.h"
-#include "shell/HiveFile.h"
-#include "shell/Settings.h"
 #include "shell/SettingsStore.h"
-#include "support/ScriptedDialogs.h"
+#include "support/RecordsFixture.h"
 
-#include <memory>
-#include <QAbstractItemModel>
 #include <QApplication>
 #include <QClipboard>
-#include <QFile>
 #include <QLabel>
 #include <QListView>
 #include <QMenu>
@@ -27,8 +22,6 @@
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStatusBar>
-#include <QTemporaryDir>
-#include <QTest>
 
 class tst_frmConvRecords : public QObject
 {
@@ -38,238 +31,206 @@ private slots:
     void init();
     void cleanup();
 
-    void markedLinesAndCounts();
-    void selectionText_data();
-    void selectionText();
-    void menuStates_data();
-    void menuStates();
-    void menuTexts_data();
-    void menuTexts();
+    void linesCountsAndClosing();
+    void selectionDrivesTextAndMenus_data();
+    void selectionDrivesTextAndMenus();
+    void chosenLines_data();
+    void chosenLines();
     void deleteSelected_data();
     void deleteSelected();
-    void deleteAllAsksTheMainWindow();
-    void copyToClipboard_data();
-    void copyToClipboard();
     void makeCurrent_data();
     void makeCurrent();
-    void printChosenLines_data();
-    void printChosenLines();
-    void saveWritesTheChosenLines_data();
-    void saveWritesTheChosenLines();
-    void saveFailureIsReported();
-    void cancelledSaveKeepsTheOldFile();
-    void loadAddsRecords_data();
-    void loadAddsRecords();
-    void cancelledLoadKeepsWhatWasRead();
+    void load_data();
+    void load();
+    void failedOrCancelledSave_data();
+    void failedOrCancelledSave();
     void longLinesScrollIntoView();
-    void closingHidesAndKeepsTheList();
-    void helpButtonAsksForItsTopic();
     void statusBarIsWholeAtTheDefaultSize();
     void placement_data();
     void placement();
 
 private:
-    QListView *list() const { return window->findChild<QListView *>("lstConvRecords"); }
-    QAction *action(const char *name) const { return window->findChild<QAction *>(name); }
-    QString panel(const char *name) const { return window->findChild<QLabel *>(name)->text(); }
-    void select(const QList<int> &rows);
-    QStringList shownLines() const;
-    void addNumbered(int n);
-    QString writeFile(const QString &name, const QByteArray &bytes);
-
-    std::unique_ptr<QTemporaryDir> temp;
-    std::unique_ptr<SettingsStore> store;
-    Settings settings;
-    Session session;
-    std::unique_ptr<ScriptedDialogs> dialogs;
-    std::unique_ptr<FakeMainWindow> mainWindow;
-    std::unique_ptr<frmConvRecords> window;
+    std::unique_ptr<RecordsFixture> f;
 };
 
 void tst_frmConvRecords::init()
 {
-    temp = std::make_unique<QTemporaryDir>();
-    store = std::make_unique<SettingsStore>(std::make_unique<HiveFile>(temp->filePath("hive.reg")));
-    session = Session();
-    dialogs = std::make_unique<ScriptedDialogs>();
-    mainWindow = std::make_unique<FakeMainWindow>(session);
-    window = std::make_unique<frmConvRecords>(settings, session, *store, *dialogs, *mainWindow);
+    f = std::make_unique<RecordsFixture>();
 }
 
 void tst_frmConvRecords::cleanup()
 {
-    window.reset();
-    QVERIFY2(dialogs->scriptDone(), "a dialog that the test expected was not shown");
+    f->window.reset();
+    QVERIFY2(f->dialogs.scriptDone(), "a dialog that the test expected was not shown");
+    f.reset();
 }
 
-void tst_frmConvRecords::select(const QList<int> &rows)
+void tst_frmConvRecords::linesCountsAndClosing()
 {
-    list()->clearSelection();
-    for (const int row : rows)
-        list()->selectionModel()->select(
-            list()->model()->index(row, 0), QItemSelectionModel::Select);
-}
-
-QStringList tst_frmConvRecords::shownLines() const
-{
-    QStringList lines;
-    const QAbstractItemModel *model = list()->model();
-    for (int row = 0; row < model->rowCount(); ++row)
-        lines.append(model->index(row, 0).data().toString());
-    return lines;
-}
-
-void tst_frmConvRecords::addNumbered(int n)
-{
-    for (int i = 1; i <= n; ++i)
-        window->AddConv(
-            QString::number(i), "metre (m)", QString::number(i * 100), "centimetre (cm)", "Length");
-}
-
-QString tst_frmConvRecords::writeFile(const QString &name, const QByteArray &bytes)
-{
-    const QString path = temp->filePath(name);
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly))
-        file.write(bytes);
-    return path;
-}
-
-void tst_frmConvRecords::markedLinesAndCounts()
-{
-    QCOMPARE(panel("numconvs"), QStringLiteral("0 marked conversion(s) "));
-    QCOMPARE(panel("mainmessage"), QStringLiteral("Prints, saves, or copies marked conversions"));
-    session.MarkedConversionsSaved = true;
-
-    window->AddConv("12", "metre (m)", "39.370 08", "inch (in)", "Length");
-    window->AddConv("100", "Celsius (\u00B0C)", "212", "Fahrenheit (\u00B0F)", "Temperature");
-
-    QCOMPARE(shownLines(),
+    QCOMPARE(f->panel("numconvs"), QStringLiteral("0 marked conversion(s) "));
+    f->session.MarkedConversionsSaved = true;
+    f->window->AddConv("12", "metre (m)", "39.370 08", "inch (in)", "Length");
+    f->window->AddConv("100", "Celsius (\u00B0C)", "212", "Fahrenheit (\u00B0F)", "Temperature");
+    QCOMPARE(f->shownLines(),
         QStringList({ "Length\t\t  12  metre (m)  =  39.370 08  inch (in)",
             "Temperature\t\t  100  Celsius (\u00B0C)  =  212  Fahrenheit (\u00B0F)" }));
-    QCOMPARE(window->count(), 2);
-    QCOMPARE(window->conversions().at(1),
+    QCOMPARE(f->window->conversions().at(1),
         conversion("100", "Celsius (\u00B0C)", "212", "Fahrenheit (\u00B0F)", "Temperature"));
-    QCOMPARE(panel("numconvs"), QStringLiteral("2 marked conversion(s) "));
-    QCOMPARE(mainWindow->counts.last(), 2);
-    QVERIFY(!session.MarkedConversionsSaved);
+    QCOMPARE(f->panel("numconvs"), QStringLiteral("2 marked conversion(s) "));
+    QCOMPARE(f->counts, (QList<int> { 0, 1, 2 }));
+    QVERIFY(!f->session.MarkedConversionsSaved);
+
+    // Every command shows its hint in the status bar while it is highlighted.
+    f->window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f->window.get()));
+    for (QAction *item : f->window->findChildren<QAction *>()) {
+        if (item->isSeparator() || item->menu() || item->objectName().isEmpty())
+            continue;
+        QVERIFY2(!item->statusTip().isEmpty(), qPrintable(item->objectName()));
+        item->showStatusText(f->window.get());
+        QCOMPARE(f->window->statusBar()->currentMessage(), item->statusTip());
+    }
+
+    // Closing hides the window and keeps the list; Help asks for this window's topic.
+    f->window->activateWindow();
+    QTRY_VERIFY(f->window->shownWithMainWindow());
+    QSignalSpy help(f->window.get(), &frmConvRecords::helpRequested);
+    f->window->findChild<QPushButton *>("cmdHelp")->click();
+    QCOMPARE(help.size(), 1);
+    QCOMPARE(HelpTopics::topicFile(help[0][0].toInt()), QStringLiteral("marked.html"));
+    f->window->findChild<QPushButton *>("cmdHideForm")->click();
+    QVERIFY(!f->window->isVisible());
+    QVERIFY(!f->window->shownWithMainWindow());
+    f->window->show();
+    QCOMPARE(f->shownLines().size(), 2);
 }
 
-void tst_frmConvRecords::selectionText_data()
-{
-    QTest::addColumn<QList<int>>("rows");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("one line") << QList<int> { 1 }
-                              << "1 item selected out of 4 marked conversion(s) ";
-    QTest::newRow("three lines") << QList<int> { 0, 2, 3 }
-                                 << "3 items selected out of 4 marked conversion(s) ";
-    QTest::newRow("selection cleared")
-        << QList<int>() << "0 items selected out of 4 marked conversion(s) ";
-}
-
-void tst_frmConvRecords::selectionText()
-{
-    QFETCH(QList<int>, rows);
-    QFETCH(QString, text);
-    addNumbered(4);
-    select({ 0, 1 });
-    select(rows);
-    QCOMPARE(panel("mainmessage"), text);
-}
-
-void tst_frmConvRecords::menuStates_data()
+void tst_frmConvRecords::selectionDrivesTextAndMenus_data()
 {
     QTest::addColumn<int>("lines");
     QTest::addColumn<QList<int>>("rows");
-    // make current, print/save/copy/delete selected and deselect, print/save/copy/delete all
+    QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("makeCurrent");
-    QTest::addColumn<bool>("selectionCommands");
-    QTest::addColumn<bool>("allCommands");
-    QTest::newRow("empty list") << 0 << QList<int>() << false << false << false;
-    QTest::newRow("lines, none selected") << 3 << QList<int>() << false << false << true;
-    QTest::newRow("one line selected") << 3 << QList<int> { 2 } << true << true << true;
-    QTest::newRow("two lines selected") << 3 << QList<int> { 0, 2 } << false << true << true;
+    QTest::addColumn<bool>("onSelection"); // print, save, copy, delete selected and deselect
+    QTest::addColumn<bool>("onAll"); // print, save, copy and delete all
+    QTest::newRow("empty list") << 0 << QList<int>() << "" << false << false << false;
+    QTest::newRow("lines, selection cleared")
+        << 4 << QList<int>() << "0 items selected out of 4 marked conversion(s) " << false << false
+        << true;
+    QTest::newRow("one line") << 4 << QList<int> { 2 }
+                              << "1 item selected out of 4 marked conversion(s) " << true << true
+                              << true;
+    QTest::newRow("a single line, selected")
+        << 1 << QList<int> { 0 } << "1 item selected out of 1 marked conversion(s) " << true << true
+        << true;
+    QTest::newRow("three lines") << 4 << QList<int> { 0, 2, 3 }
+                                 << "3 items selected out of 4 marked conversion(s) " << false
+                                 << true << true;
 }
 
-void tst_frmConvRecords::menuStates()
+void tst_frmConvRecords::selectionDrivesTextAndMenus()
 {
     QFETCH(int, lines);
     QFETCH(QList<int>, rows);
+    QFETCH(QString, text);
     QFETCH(bool, makeCurrent);
-    QFETCH(bool, selectionCommands);
-    QFETCH(bool, allCommands);
-    addNumbered(lines);
-    select(rows);
-    emit window->findChild<QMenu *>("mnuFile")->aboutToShow();
-    emit window->findChild<QMenu *>("mnuEdit")->aboutToShow();
-    QCOMPARE(action("mnuFileMakeCurrentConv")->isEnabled(), makeCurrent);
+    QFETCH(bool, onSelection);
+    QFETCH(bool, onAll);
+    f->addNumbered(lines);
+    if (lines > 0) {
+        f->select({ 0, 1 });
+        f->select(rows);
+    } else {
+        text = QStringLiteral("Prints, saves, or copies marked conversions");
+    }
+    QCOMPARE(f->panel("mainmessage"), text);
+    emit f->window->findChild<QMenu *>("mnuFile")->aboutToShow();
+    emit f->window->findChild<QMenu *>("mnuEdit")->aboutToShow();
+    QCOMPARE(f->action("mnuFileMakeCurrentConv")->isEnabled(), makeCurrent);
     for (const char *name : { "mnuFilePrintCurrentRecord", "mnuFileSaveCurrentRecord",
              "mnuEditSelectAll", "mnuEditCopyItem", "mnuEditDelSelectedItem" })
-        QVERIFY2(action(name)->isEnabled() == selectionCommands, name);
+        QVERIFY2(f->action(name)->isEnabled() == onSelection, name);
     for (const char *name : { "mnuFilePrintAllRecords", "mnuFileSaveAllRecords",
              "mnuEditCopyAllItems", "mnuEditDelAllItems" })
-        QVERIFY2(action(name)->isEnabled() == allCommands, name);
-    QVERIFY(action("mnuFileLoadConversions")->isEnabled());
-    QVERIFY(action("mnuFileExit")->isEnabled());
+        QVERIFY2(f->action(name)->isEnabled() == onAll, name);
+    QVERIFY(f->action("mnuFileLoadConversions")->isEnabled());
+    if (lines > 0) {
+        f->action("mnuEditSelectAll")->trigger();
+        QVERIFY(!f->list()->selectionModel()->hasSelection());
+    }
 }
 
-void tst_frmConvRecords::menuTexts_data()
+void tst_frmConvRecords::chosenLines_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("caption");
-    QTest::addColumn<QString>("hint");
-    QTest::newRow("make current") << "mnuFileMakeCurrentConv"
-                                  << "&Make this Conversion Mensura's Current Conversion"
-                                  << "Makes the selected conversion Mensura's current conversion";
-    QTest::newRow("load") << "mnuFileLoadConversions"
-                          << "&Load Conversions from File..."
-                          << "Loads previously saved conversions from a file";
-    QTest::newRow("print selected") << "mnuFilePrintCurrentRecord"
-                                    << "Print &Selected Conversions"
-                                    << "Prints the selected conversions to the default printer";
-    QTest::newRow("print all") << "mnuFilePrintAllRecords"
-                               << "Print &All Conversions"
-                               << "Prints all of the conversions listed to the default printer";
-    QTest::newRow("save selected") << "mnuFileSaveCurrentRecord"
-                                   << "Sa&ve Selected Conversions"
-                                   << "Saves the selected conversions to a file";
-    QTest::newRow("save all") << "mnuFileSaveAllRecords"
-                              << "Sav&e All Conversions"
-                              << "Saves all of the conversions listed to a file";
-    QTest::newRow("close") << "mnuFileExit"
-                           << "&Close"
-                           << "Closes this window; the marked conversions are kept";
-    QTest::newRow("deselect") << "mnuEditSelectAll"
-                              << "&Deselect All Items"
-                              << "Clears the selection of all of the conversions listed";
-    QTest::newRow("copy selected") << "mnuEditCopyItem"
-                                   << "Copy &Selected Conversions"
-                                   << "Copies the selected conversions to the clipboard";
-    QTest::newRow("copy all") << "mnuEditCopyAllItems"
-                              << "Copy &All Conversions"
-                              << "Copies all of the conversions listed to the clipboard";
-    QTest::newRow("delete selected") << "mnuEditDelSelectedItem"
-                                     << "Delete Selected &Conversions"
-                                     << "Deletes the selected conversions from the list";
-    QTest::newRow("delete all") << "mnuEditDelAllItems"
-                                << "Delete All Con&versions"
-                                << "Deletes all of the conversions listed";
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QList<int>>("rows"); // selected
+    QTest::addColumn<QList<int>>("chosen"); // the records that go out, numbered from 1
+    for (const char *what : { "Copy", "Save", "Print" }) {
+        const bool copy = qstrcmp(what, "Copy") == 0;
+        const QString some = copy ? "mnuEditCopyItem" : QString("mnuFile%1CurrentRecord").arg(what);
+        const QString all = copy ? "mnuEditCopyAllItems" : QString("mnuFile%1AllRecords").arg(what);
+        QTest::addRow("%s selected lines", what)
+            << some << QList<int> { 1, 2 } << QList<int> { 2, 3 };
+        QTest::addRow("%s all lines", what) << all << QList<int> { 1 } << QList<int> { 1, 2, 3 };
+        QTest::addRow("%s nothing selected", what) << some << QList<int>() << QList<int>();
+    }
+    QTest::newRow("Print declined") << "mnuFilePrintAllRecords" << QList<int>() << QList<int> { 0 };
 }
 
-void tst_frmConvRecords::menuTexts()
+void tst_frmConvRecords::chosenLines()
 {
-    QFETCH(QString, name);
-    QFETCH(QString, caption);
-    QFETCH(QString, hint);
-    QAction *item = window->findChild<QAction *>(name);
-    QVERIFY(item);
-    QCOMPARE(item->text(), caption);
-    QCOMPARE(item->statusTip(), hint);
-    // Highlighting the item shows its hint in the status bar.
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    item->showStatusText(window.get());
-    QCOMPARE(window->statusBar()->currentMessage(), hint);
+    QFETCH(QString, command);
+    QFETCH(QList<int>, rows);
+    QFETCH(QList<int>, chosen);
+    const bool print = command.contains("Print"), save = command.contains("Save");
+    const bool declined = chosen == QList<int> { 0 };
+    if (print && !pdfToTextAvailable())
+        QSKIP("pdftotext (poppler-utils) is not installed");
+    f->addNumbered(3);
+    f->select(rows);
+    QStringList lines { "" }; // the numbered lines, blanks made single
+    Records records;
+    for (int i = 0; i < chosen.size() && !declined; ++i) {
+        records.append(numbered(chosen[i]));
+        lines.append(QStringLiteral("%1. %2 metre (m) = %3 centimetre (cm)")
+                         .arg(i + 1)
+                         .arg(chosen[i])
+                         .arg(chosen[i] * 100));
+    }
+    const QString path = f->temp.filePath("chosen");
+    // No printer here: the report goes into a PDF file instead.
+    f->window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
+    if (print)
+        f->dialogs.answerQuestion(declined ? Dialogs::No : Dialogs::Yes);
+    if (print && !declined)
+        f->dialogs.answerQuestion(Dialogs::Yes); // a PDF file instead
+    if (save || (print && !declined))
+        f->dialogs.answerSaveFile(path);
+    QGuiApplication::clipboard()->setText("something else");
+    f->action(qPrintable(command))->trigger();
+
+    if (print) {
+        QCOMPARE(f->dialogs.asked()[0].notice.text,
+            command.contains("All") ? QStringLiteral("Print all of the saved conversions?")
+                                    : QStringLiteral("Print the selected items?"));
+        QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Exclamation);
+        lines[0] = "(Mensura - unit conversions following CAN/CSA-Z234.1-89 and NIST SP 811)";
+        lines.prepend("Conversion report generated by Mensura 98");
+        QCOMPARE(pdfLines(path), declined ? QStringList() : lines);
+    } else if (save) {
+        QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
+        const auto read = ConversionsReader::readFile(path);
+        QCOMPARE(read.status, ConversionsReader::Finished);
+        QCOMPARE(read.records, records);
+        QCOMPARE(f->session.MarkedConversionsSaved, command.contains("All"));
+        QCOMPARE(f->panel("mainmessage"), QStringLiteral("100% done"));
+    } else {
+        // Each line comes after a line break; the blanks are the printed report's.
+        QStringList copied = QGuiApplication::clipboard()->text().split(u'\n');
+        for (QString &line : copied)
+            line = line.simplified();
+        QCOMPARE(copied, lines);
+    }
 }
 
 void tst_frmConvRecords::deleteSelected_data()
@@ -277,18 +238,17 @@ void tst_frmConvRecords::deleteSelected_data()
     QTest::addColumn<int>("lines");
     QTest::addColumn<QList<int>>("selected");
     QTest::addColumn<Dialogs::Answer>("answer");
-    QTest::addColumn<QList<int>>("kept"); // numbers of the records left, in order
-
+    QTest::addColumn<QList<int>>("kept"); // the records left, in order
     QTest::newRow("three of five")
         << 5 << QList<int> { 0, 2, 4 } << Dialogs::Yes << QList<int> { 2, 4 };
     QTest::newRow("a block in the middle")
         << 5 << QList<int> { 1, 2, 3 } << Dialogs::Yes << QList<int> { 1, 5 };
     QTest::newRow("answered No") << 5 << QList<int> { 0, 2 } << Dialogs::No
                                  << QList<int> { 1, 2, 3, 4, 5 };
-    QList<int> everyOther, odd;
-    for (int i = 0; i < 400; ++i)
-        (i % 2 ? everyOther : odd).append(i % 2 ? i : i + 1);
-    QTest::newRow("two hundred scattered lines") << 400 << everyOther << Dialogs::Yes << odd;
+    QList<int> odd, even;
+    for (int i = 1; i <= 400; ++i)
+        (i % 2 ? odd : even).append(i % 2 ? i : i - 1);
+    QTest::newRow("two hundred scattered lines") << 400 << even << Dialogs::Yes << odd;
 }
 
 void tst_frmConvRecords::deleteSelected()
@@ -297,118 +257,64 @@ void tst_frmConvRecords::deleteSelected()
     QFETCH(QList<int>, selected);
     QFETCH(Dialogs::Answer, answer);
     QFETCH(QList<int>, kept);
-    addNumbered(lines);
-    select(selected);
-    dialogs->answerQuestion(answer);
-    action("mnuEditDelSelectedItem")->trigger();
+    f->addNumbered(lines);
+    f->select(selected);
+    f->dialogs.answerQuestion(answer);
+    f->action("mnuEditDelSelectedItem")->trigger();
 
-    QCOMPARE(dialogs->asked().size(), 1);
-    QCOMPARE(dialogs->asked()[0].notice.text,
+    QCOMPARE(f->dialogs.asked()[0].notice.text,
         QStringLiteral("Are you sure you want to delete the selected items?"));
-    QCOMPARE(dialogs->asked()[0].notice.icon, Notice::Critical);
-    QStringList expectedLines;
+    QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Critical);
     Records expected;
+    QStringList expectedLines;
     for (const int n : kept) {
-        expected.append(conversion(QString::number(n), "metre (m)", QString::number(n * 100),
-            "centimetre (cm)", "Length"));
-        expectedLines.append(QStringLiteral("Length\t\t  %1  metre (m)  =  %2  centimetre (cm)")
-                                 .arg(n)
-                                 .arg(n * 100));
+        expected.append(numbered(n));
+        expectedLines.append(expected.last().listLine());
     }
-    QCOMPARE(window->conversions(), expected);
-    QCOMPARE(shownLines(), expectedLines);
-    QCOMPARE(panel("numconvs"), QStringLiteral("%1 marked conversion(s) ").arg(kept.size()));
-    QVERIFY2(panel("mainmessage")
+    QCOMPARE(f->window->conversions(), expected);
+    QCOMPARE(f->shownLines(), expectedLines);
+    QCOMPARE(f->panel("numconvs"), QStringLiteral("%1 marked conversion(s) ").arg(kept.size()));
+    QVERIFY2(f->panel("mainmessage")
                  .endsWith(QStringLiteral(" out of %1 marked conversion(s) ").arg(kept.size())),
-        qPrintable(panel("mainmessage")));
-    QCOMPARE(mainWindow->counts.last(), kept.size());
-}
-
-void tst_frmConvRecords::deleteAllAsksTheMainWindow()
-{
-    addNumbered(3);
-    QSignalSpy asked(window.get(), &frmConvRecords::deleteAllRequested);
-    action("mnuEditDelAllItems")->trigger();
-    QCOMPARE(asked.size(), 1);
-    QCOMPARE(window->count(), 3); // only the main window's command deletes, once it asked
-    window->clearAll();
-    QCOMPARE(window->count(), 0);
-    QVERIFY(shownLines().isEmpty());
-    QCOMPARE(panel("numconvs"), QStringLiteral("0 marked conversion(s) "));
-    QCOMPARE(mainWindow->counts.last(), 0);
-}
-
-void tst_frmConvRecords::copyToClipboard_data()
-{
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("selected lines numbered from 1")
-        << "mnuEditCopyItem" << QList<int> { 1, 2 }
-        << "\n     1.     2  metre (m)  =  200  centimetre (cm)\n     2.     3  metre (m)  =  300  "
-           "centimetre (cm)";
-    QTest::newRow("all lines") << "mnuEditCopyAllItems" << QList<int> { 1 }
-                               << "\n     1.     1  metre (m)  =  100  centimetre (cm)\n     2.    "
-                                  " 2  metre (m)  =  200  centimetre (cm)"
-                                  "\n     3.     3  metre (m)  =  300  centimetre (cm)";
-    QTest::newRow("nothing selected gives an empty text")
-        << "mnuEditCopyItem" << QList<int>() << "";
-}
-
-void tst_frmConvRecords::copyToClipboard()
-{
-    QFETCH(QString, command);
-    QFETCH(QList<int>, selected);
-    QFETCH(QString, text);
-    addNumbered(3);
-    select(selected);
-    QGuiApplication::clipboard()->setText("something else");
-    window->findChild<QAction *>(command)->trigger();
-#ifdef Q_OS_WIN
-    text.replace("\n", "\r\n");
-#endif
-    QCOMPARE(QGuiApplication::clipboard()->text(), text);
+        qPrintable(f->panel("mainmessage")));
+    QCOMPARE(f->counts.last(), kept.size());
 }
 
 void tst_frmConvRecords::makeCurrent_data()
 {
-    QTest::addColumn<QStringList>("lengthUnits");
+    QTest::addColumn<QStringList>("lengthUnits"); // none: Length is disabled
     QTest::addColumn<QStringList>("calls");
-    QTest::addColumn<bool>("fails");
     const QStringList both { "metre (m)", "centimetre (cm)" };
     QTest::newRow("everything there") << both
-                                      << QStringList { "quantity Length", "value 2",
-                                             "left metre (m)", "right centimetre (cm)", "refresh" }
-                                      << false;
-    QTest::newRow("quantity disabled")
-        << QStringList() << QStringList { "quantity Length" } << true;
+                                      << QStringList { "quantity Length", "value 3",
+                                             "left metre (m)", "right centimetre (cm)", "refresh" };
+    QTest::newRow("quantity disabled") << QStringList() << QStringList { "quantity Length" };
     QTest::newRow("initial unit disabled")
         << QStringList { "centimetre (cm)" }
-        << QStringList { "quantity Length", "value 2", "left metre (m)" } << true;
+        << QStringList { "quantity Length", "value 3", "left metre (m)" };
     QTest::newRow("target unit disabled")
         << QStringList { "metre (m)" }
-        << QStringList { "quantity Length", "value 2", "left metre (m)", "right centimetre (cm)" }
-        << true;
+        << QStringList { "quantity Length", "value 3", "left metre (m)", "right centimetre (cm)" };
 }
 
 void tst_frmConvRecords::makeCurrent()
 {
     QFETCH(QStringList, lengthUnits);
     QFETCH(QStringList, calls);
-    QFETCH(bool, fails);
+    const bool fails = !calls.contains("refresh");
     if (!lengthUnits.isEmpty())
-        mainWindow->units.insert("Length", lengthUnits);
-    addNumbered(3);
-    select({ 1 });
+        f->units.insert("Length", lengthUnits);
+    f->addNumbered(3);
+    f->select({ 0, 2 }); // several selected: the last one is made current
     if (fails)
-        dialogs->expectMessage();
-    action("mnuFileMakeCurrentConv")->trigger();
-    QCOMPARE(mainWindow->calls, calls);
-    QVERIFY(mainWindow->skipWasSet);
-    QCOMPARE(dialogs->asked().size(), fails ? 1 : 0);
+        f->dialogs.expectMessage();
+    f->action("mnuFileMakeCurrentConv")->trigger();
+    QCOMPARE(f->calls, calls);
+    QVERIFY(f->skipWasSet);
+    QCOMPARE(f->dialogs.asked().size(), fails ? 1 : 0);
     if (fails) {
-        QCOMPARE(dialogs->asked()[0].notice.icon, Notice::Exclamation);
-        QCOMPARE(dialogs->asked()[0].notice.text,
+        QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Exclamation);
+        QCOMPARE(f->dialogs.asked()[0].notice.text,
             QStringLiteral(
                 "Mensura could not find all of the required details in order to complete this task."
                 "\n\nThis is most likely because you have disabled one or more of the units needed "
@@ -417,265 +323,166 @@ void tst_frmConvRecords::makeCurrent()
     }
 }
 
-void tst_frmConvRecords::printChosenLines_data()
+void tst_frmConvRecords::load_data()
 {
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<Dialogs::Answer>("answer");
-    QTest::addColumn<QString>("question");
-    QTest::addColumn<QStringList>("printed"); // the numbered lines, blanks made single
-    QTest::newRow("selected lines numbered from 1")
-        << "mnuFilePrintCurrentRecord" << QList<int> { 1, 2 } << Dialogs::Yes
-        << "Print the selected items?"
-        << QStringList { "1. 2 metre (m) = 200 centimetre (cm)",
-               "2. 3 metre (m) = 300 centimetre (cm)" };
-    QTest::newRow("all lines") << "mnuFilePrintAllRecords" << QList<int> { 1 } << Dialogs::Yes
-                               << "Print all of the saved conversions?"
-                               << QStringList { "1. 1 metre (m) = 100 centimetre (cm)",
-                                      "2. 2 metre (m) = 200 centimetre (cm)",
-                                      "3. 3 metre (m) = 300 centimetre (cm)" };
-    QTest::newRow("nothing selected prints the heading only")
-        << "mnuFilePrintCurrentRecord" << QList<int>() << Dialogs::Yes
-        << "Print the selected items?" << QStringList();
-    QTest::newRow("declined") << "mnuFilePrintAllRecords" << QList<int>() << Dialogs::No
-                              << "Print all of the saved conversions?" << QStringList();
+    QTest::addColumn<QByteArray>("bytes"); // a null array: no file
+    QTest::addColumn<bool>("cancel"); // Cancel is pressed as soon as progress is shown
+    QTest::addColumn<Records>("added"); // when cancelled: some of these
+    QTest::addColumn<QString>("message");
+    const auto row = [](const char *name, const QByteArray &bytes, bool cancel,
+                         const Records &added, const QString &message = {}) {
+        QTest::newRow(name) << bytes << cancel << added << message;
+    };
+    // A file read in one step is done before anybody could cancel it.
+    row("conversions file",
+        Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     7  c  =  8  d  [r]\r\n", true,
+        { conversion("5", "a", "6", "b", "q"), conversion("7", "c", "8", "d", "r") });
+    row("damaged record keeps the ones before",
+        Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     broken\r\n", true,
+        { conversion("5", "a", "6", "b", "q") });
+    row("no records", Opening, true, {});
+    row("file gone before it was read", QByteArray(), true, {});
+    row("foreign file", "Dear diary,\r\n", true, {},
+        "This file was not generated by Mensura. Only Mensura files can be opened");
+    // Read as the reader reads them (past record 999 the number runs into the value).
+    const QByteArray manyBytes
+        = ConversionsFile::encode(ConversionsFile::recordsText(Records(7000, numbered(1))));
+    const Records many = ConversionsReader::readBytes(manyBytes).records;
+    row("7000 records read in two steps", manyBytes, false, many);
+    row("cancelled, what was read before stays", manyBytes, true, many,
+        "Loading was cancelled. %1 conversion(s) read before that were added to the marked "
+        "conversions.");
 }
 
-void tst_frmConvRecords::printChosenLines()
+void tst_frmConvRecords::load()
 {
-    QFETCH(QString, command);
-    QFETCH(QList<int>, selected);
-    QFETCH(Dialogs::Answer, answer);
-    QFETCH(QString, question);
-    QFETCH(QStringList, printed);
-    if (!pdfToTextAvailable())
-        QSKIP("pdftotext (poppler-utils) is not installed");
-    addNumbered(3);
-    select(selected);
-    // No printer here: the report goes into a PDF file instead.
-    window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
-    const QString path = temp->filePath("printed.pdf");
-    dialogs->answerQuestion(answer);
-    if (answer == Dialogs::Yes) {
-        dialogs->answerQuestion(Dialogs::Yes); // save as PDF instead
-        dialogs->answerSaveFile(path);
-    }
-    window->findChild<QAction *>(command)->trigger();
-    QVERIFY(!dialogs->asked().isEmpty());
-    QCOMPARE(dialogs->asked().first().notice.text, question);
-    QCOMPARE(dialogs->asked().first().notice.icon, Notice::Exclamation);
-    if (answer == Dialogs::No) {
-        QCOMPARE(dialogs->asked().size(), 1);
-        return;
-    }
-    const QStringList expected = QStringList { "Conversion report generated by Mensura 98",
-        "(Mensura - unit conversions following CAN/CSA-Z234.1-89 "
-        "and NIST SP 811)" }
-        + printed;
-    QCOMPARE(simplifiedLines(pdfText(path)), expected);
-}
-
-void tst_frmConvRecords::saveWritesTheChosenLines_data()
-{
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<bool>("savedFlag");
-    QTest::newRow("all lines") << "mnuFileSaveAllRecords" << QList<int> { 1 }
-                               << Opening
-            + "     1.     1  metre (m)  =  100  centimetre (cm)  [Length]\r\n"
-              "     2.     2  metre (m)  =  200  centimetre (cm)  [Length]\r\n"
-              "     3.     3  metre (m)  =  300  centimetre (cm)  [Length]\r\n"
-                               << true;
-    QTest::newRow("selected lines numbered from 1")
-        << "mnuFileSaveCurrentRecord" << QList<int> { 2 }
-        << Opening + "     1.     3  metre (m)  =  300  centimetre (cm)  [Length]\r\n"
-        << false;
-    QTest::newRow("nothing selected writes the opening only")
-        << "mnuFileSaveCurrentRecord" << QList<int>() << Opening << false;
-}
-
-void tst_frmConvRecords::saveWritesTheChosenLines()
-{
-    QFETCH(QString, command);
-    QFETCH(QList<int>, selected);
     QFETCH(QByteArray, bytes);
-    QFETCH(bool, savedFlag);
-    addNumbered(3);
-    select(selected);
-    const QString path = temp->filePath("saved.txt");
-    dialogs->answerSaveFile(path);
-    window->findChild<QAction *>(command)->trigger();
-    QCOMPARE(dialogs->asked().size(), 1); // the file dialog only, no message
-    QCOMPARE(dialogs->asked()[0].kind, ScriptedDialogs::SaveFile);
-    QCOMPARE(dialogs->asked()[0].filter, QStringLiteral("Text Files (*.txt)"));
-    QCOMPARE(dialogs->asked()[0].defaultName, QStringLiteral("untitled.txt"));
-    QCOMPARE(dialogs->asked()[0].defaultSuffix, QStringLiteral("txt"));
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), bytes);
-    QCOMPARE(session.MarkedConversionsSaved, savedFlag);
-    QCOMPARE(panel("mainmessage"), QStringLiteral("100% done"));
+    QFETCH(bool, cancel);
+    QFETCH(Records, added);
+    QFETCH(QString, message);
+    f->window->AddConv("1", "x", "2", "y", "z");
+    f->counts.clear();
+    const QString status = f->panel("mainmessage");
+    if (cancel)
+        connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
+            &frmConvRecords::cancelOperation);
+    const QString path = f->temp.filePath("load.txt");
+    if (!bytes.isNull())
+        f->writeFile("load.txt", bytes);
+    f->dialogs.answerOpenFile(path);
+    if (!message.isEmpty())
+        f->dialogs.expectMessage();
+    f->action("mnuFileLoadConversions")->trigger();
+
+    QCOMPARE(f->dialogs.asked()[0].filter, QStringLiteral("Text Files (*.txt)"));
+    const Records read = f->window->conversions().mid(1);
+    if (message.contains("%1")) {
+        QVERIFY(read.size() > 0 && read.size() < added.size());
+        added = added.mid(0, read.size());
+        message = message.arg(read.size());
+    }
+    QCOMPARE(read, added);
+    // The main window hears of a new count only when records came.
+    QCOMPARE(f->counts.isEmpty(), added.isEmpty());
+    QCOMPARE(f->dialogs.asked().size(), message.isEmpty() ? 1 : 2);
+    if (!message.isEmpty()) {
+        QCOMPARE(f->dialogs.asked()[1].notice.text, message);
+        QCOMPARE(f->dialogs.asked()[1].notice.icon,
+            message.startsWith("Loading") ? Notice::Information : Notice::Exclamation);
+    } else {
+        // A load long enough to show its progress does not stop short of the end, nor does a
+        // count that changes later wipe that out; a short one leaves the status bar alone.
+        f->window->AddConv("1", "x", "2", "y", "z");
+        QCOMPARE(
+            f->panel("mainmessage"), read.size() > 5000 ? QStringLiteral("100% done") : status);
+    }
 }
 
-void tst_frmConvRecords::saveFailureIsReported()
+void tst_frmConvRecords::failedOrCancelledSave_data()
 {
-    addNumbered(2);
-    const QString path = temp->filePath("missing-folder/saved.txt");
-    dialogs->answerSaveFile(path);
-    dialogs->expectMessage();
-    action("mnuFileSaveAllRecords")->trigger();
-    QCOMPARE(dialogs->asked().size(), 2);
-    const Notice &message = dialogs->asked()[1].notice;
-    QCOMPARE(message.icon, Notice::Exclamation);
-    QVERIFY(message.text.startsWith("The conversions could not be saved to " + path + ":\n"));
-    QVERIFY(message.text.endsWith("A file that was already there has been left as it was."));
-    QVERIFY(!session.MarkedConversionsSaved);
-    QVERIFY(!QFile::exists(path));
+    QTest::addColumn<int>("lines");
+    QTest::addColumn<QString>("where");
+    QTest::newRow("folder missing") << 2 << "missing/saved.txt";
+    QTest::newRow("file dialog cancelled") << 2 << "";
+    QTest::newRow("cancelled") << 5000 << "saved.txt";
 }
 
-void tst_frmConvRecords::cancelledSaveKeepsTheOldFile()
+void tst_frmConvRecords::failedOrCancelledSave()
 {
-    addNumbered(5000);
-    const QString path = writeFile("saved.txt", "earlier file");
-    connect(
-        window.get(), &frmConvRecords::progressed, window.get(), &frmConvRecords::cancelOperation);
-    dialogs->answerSaveFile(path);
-    action("mnuFileSaveAllRecords")->trigger();
-    QFile file(path);
+    QFETCH(int, lines);
+    QFETCH(QString, where);
+    f->addNumbered(lines);
+    const QString path = where.isEmpty() ? QString() : f->temp.filePath(where);
+    f->writeFile("saved.txt", "earlier file");
+    connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
+        &frmConvRecords::cancelOperation);
+    f->dialogs.answerSaveFile(path);
+    if (where.contains("/"))
+        f->dialogs.expectMessage();
+    f->action("mnuFileSaveAllRecords")->trigger();
+
+    QVERIFY(!f->session.MarkedConversionsSaved);
+    QFile file(f->temp.filePath("saved.txt"));
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("earlier file"));
-    QVERIFY(!session.MarkedConversionsSaved);
-    QCOMPARE(dialogs->asked().size(), 1); // the file dialog only, no message
-    QCOMPARE(panel("mainmessage"), QStringLiteral("Saving was cancelled; no file was changed."));
-}
-
-void tst_frmConvRecords::loadAddsRecords_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<Records>("added");
-    QTest::addColumn<bool>("foreign");
-    QTest::newRow("conversions file")
-        << Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     7  c  =  8  d  [r]\r\n"
-        << Records { conversion("5", "a", "6", "b", "q"), conversion("7", "c", "8", "d", "r") }
-        << false;
-    QTest::newRow("foreign file") << QByteArray("Dear diary,\r\n") << Records() << true;
-    QTest::newRow("damaged record keeps the ones before")
-        << Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     broken\r\n"
-        << Records { conversion("5", "a", "6", "b", "q") } << false;
-    QTest::newRow("no records") << Opening << Records() << false;
-}
-
-void tst_frmConvRecords::loadAddsRecords()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(Records, added);
-    QFETCH(bool, foreign);
-    window->AddConv("1", "x", "2", "y", "z");
-    const int reportsBefore = mainWindow->counts.size();
-    dialogs->answerOpenFile(writeFile("load.txt", bytes));
-    if (foreign)
-        dialogs->expectMessage();
-    action("mnuFileLoadConversions")->trigger();
-
-    QCOMPARE(dialogs->asked().size(), foreign ? 2 : 1);
-    QCOMPARE(dialogs->asked()[0].kind, ScriptedDialogs::OpenFile);
-    QCOMPARE(dialogs->asked()[0].filter, QStringLiteral("Text Files (*.txt)"));
-    QCOMPARE(window->conversions(), Records { conversion("1", "x", "2", "y", "z") } + added);
-    if (foreign) {
-        QCOMPARE(dialogs->asked()[1].notice.icon, Notice::Exclamation);
-        QCOMPARE(dialogs->asked()[1].notice.text,
-            QStringLiteral(
-                "This file was not generated by Mensura. Only Mensura files can be opened"));
+    if (where.contains("/")) {
+        const Notice &message = f->dialogs.asked()[1].notice;
+        QCOMPARE(message.icon, Notice::Exclamation);
+        QVERIFY(message.text.startsWith("The conversions could not be saved to " + path + ":\n"));
+        QVERIFY(message.text.endsWith("A file that was already there has been left as it was."));
+        QVERIFY(!QFile::exists(path));
+    } else if (!path.isEmpty()) {
+        QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
+        f->window->AddConv("1", "x", "2", "y", "z"); // a later count does not wipe it out
+        QCOMPARE(
+            f->panel("mainmessage"), QStringLiteral("Saving was cancelled; no file was changed."));
     }
-    // The main window hears of the new count only when records came.
-    QCOMPARE(mainWindow->counts.size() > reportsBefore, !added.isEmpty());
-}
-
-void tst_frmConvRecords::cancelledLoadKeepsWhatWasRead()
-{
-    Records records(20000, conversion("1", "a", "2", "b", "q"));
-    const QString path = temp->filePath("many.txt");
-    QVERIFY(ConversionsFile::saveRecords(path, records).ok());
-    connect(
-        window.get(), &frmConvRecords::progressed, window.get(), &frmConvRecords::cancelOperation);
-    dialogs->expectMessage();
-    const auto outcome = window->loadFile(path);
-    QVERIFY(outcome.cancelled);
-    QVERIFY(window->count() > 0);
-    QVERIFY(window->count() < records.size());
-    QCOMPARE(outcome.added, window->count());
-    QCOMPARE(dialogs->asked().size(), 1);
-    QCOMPARE(dialogs->asked()[0].notice.icon, Notice::Information);
-    QCOMPARE(dialogs->asked()[0].notice.text,
-        QStringLiteral("Loading was cancelled. %1 conversion(s) read before that were added to the "
-                       "marked conversions.")
-            .arg(window->count()));
 }
 
 void tst_frmConvRecords::longLinesScrollIntoView()
 {
-    window->resize(400, 300);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    addNumbered(3);
+    f->window->resize(400, 300);
+    f->window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f->window.get()));
+    f->addNumbered(3);
     QCoreApplication::processEvents();
-    QCOMPARE(list()->horizontalScrollBar()->maximum(), 0);
+    QScrollBar *scroll = f->list()->horizontalScrollBar();
+    QCOMPARE(scroll->maximum(), 0);
 
     const QString longUnit(300, u'w');
-    window->AddConv("1", longUnit, "2", "b", "q");
+    f->window->AddConv("1", longUnit, "2", "b", "q");
     QCoreApplication::processEvents();
-    const int widthOfLongLine = list()->fontMetrics().horizontalAdvance(longUnit);
-    QVERIFY(
-        list()->horizontalScrollBar()->maximum() + list()->viewport()->width() > widthOfLongLine);
+    QVERIFY(scroll->maximum() + f->list()->viewport()->width()
+        > f->list()->fontMetrics().horizontalAdvance(longUnit));
 
-    // The scroll range is never narrowed, not even when the long line goes.
-    const int range = list()->horizontalScrollBar()->maximum();
-    select({ 3 });
-    dialogs->answerQuestion(Dialogs::Yes);
-    action("mnuEditDelSelectedItem")->trigger();
+    // So does a long quantity name, which moves the tab stops.
+    int range = scroll->maximum();
+    f->window->AddConv("1", "b", "2", "b", QString(300, u'q'));
     QCoreApplication::processEvents();
-    QCOMPARE(list()->horizontalScrollBar()->maximum(), range);
-}
+    QVERIFY(scroll->maximum() > range);
 
-void tst_frmConvRecords::closingHidesAndKeepsTheList()
-{
-    addNumbered(2);
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    window->activateWindow();
-    QTRY_VERIFY(window->shownWithMainWindow());
-    QPointer<frmConvRecords> alive(window.get());
-    window->findChild<QPushButton *>("cmdHideForm")->click();
-    QVERIFY(alive);
-    QVERIFY(!window->isVisible());
-    QVERIFY(!window->shownWithMainWindow());
-    window->show();
-    QCOMPARE(window->count(), 2);
-    QCOMPARE(shownLines().size(), 2);
-}
-
-void tst_frmConvRecords::helpButtonAsksForItsTopic()
-{
-    QSignalSpy help(window.get(), &frmConvRecords::helpRequested);
-    window->findChild<QPushButton *>("cmdHelp")->click();
-    QCOMPARE(help.size(), 1);
-    QCOMPARE(HelpTopics::topicFile(help[0][0].toInt()), QStringLiteral("marked.html"));
+    // The scroll range is never narrowed, not even when the long lines go.
+    range = scroll->maximum();
+    f->select({ 3 });
+    f->dialogs.answerQuestion(Dialogs::Yes);
+    f->action("mnuEditDelSelectedItem")->trigger();
+    QCoreApplication::processEvents();
+    QCOMPARE(scroll->maximum(), range);
 }
 
 void tst_frmConvRecords::statusBarIsWholeAtTheDefaultSize()
 {
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    const auto *message = window->findChild<QLabel *>("mainmessage");
-    const auto *count = window->findChild<QLabel *>("numconvs");
+    f->window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f->window.get()));
+    const auto *message = f->window->findChild<QLabel *>("mainmessage");
+    const auto *count = f->window->findChild<QLabel *>("numconvs");
     for (const QList<int> &rows : { QList<int>(), QList<int> { 0, 1 } }) {
-        select(rows);
+        f->select(rows);
         QVERIFY2(message->width() >= message->fontMetrics().horizontalAdvance(message->text()),
             qPrintable(message->text()));
         QVERIFY(count->width() >= count->minimumSizeHint().width());
         QVERIFY(message->geometry().right() < count->geometry().left());
-        addNumbered(120);
+        f->addNumbered(120);
     }
 }
 
@@ -696,26 +503,26 @@ void tst_frmConvRecords::placement()
 {
     QFETCH(QStringList, stored);
     QFETCH(QRect, expected);
-    if (!qFuzzyCompare(window->screen()->logicalDotsPerInch(), 96.0))
+    if (!qFuzzyCompare(f->window->screen()->logicalDotsPerInch(), 96.0))
         QSKIP("the expected placements are worked out for 96 dots per inch");
-    const char16_t *names[] = { u"frmconvleft", u"frmconvtop", u"frmconvwidth", u"frmconvheight" };
+    const QStringList names { "frmconvleft", "frmconvtop", "frmconvwidth", "frmconvheight" };
     for (int i = 0; i < 4; ++i)
         if (!stored[i].isEmpty())
-            store->RegWriteString("settings", QString::fromUtf16(names[i]), stored[i]);
-    window = std::make_unique<frmConvRecords>(settings, session, *store, *dialogs, *mainWindow);
-    QCOMPARE(QRect(window->pos(), window->size()), expected);
+            f->store->RegWriteString("settings", names[i], stored[i]);
+    // A window never shown stores nothing.
+    f->reopen();
+    f->reopen();
+    QCOMPARE(QRect(f->window->pos(), f->window->size()), expected);
 
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
-    window->activateWindow();
-    window->move(144, 96);
-    window->resize(600, 450);
-    QTRY_COMPARE(window->pos(), QPoint(144, 96));
-    window->close();
-    QCOMPARE(store->RegReadString("settings", "frmconvleft", ""), QStringLiteral("2160"));
-    QCOMPARE(store->RegReadString("settings", "frmconvtop", ""), QStringLiteral("1440"));
-    QCOMPARE(store->RegReadString("settings", "frmconvwidth", ""), QStringLiteral("9000"));
-    QCOMPARE(store->RegReadString("settings", "frmconvheight", ""), QStringLiteral("6750"));
+    f->window->show();
+    QVERIFY(QTest::qWaitForWindowExposed(f->window.get()));
+    f->window->move(144, 96);
+    f->window->resize(600, 450);
+    QTRY_COMPARE(f->window->pos(), QPoint(144, 96));
+    f->window->close();
+    const QStringList twips { "2160", "1440", "9000", "6750" };
+    for (int i = 0; i < 4; ++i)
+        QCOMPARE(f->store->RegReadString("settings", names[i], ""), twips[i]);
 }
 
 QTEST_MAIN(tst_frmConvRecords)
