@@ -48,7 +48,8 @@ inline CliRun runCli(const QStringList &arguments, const QByteArray &input = QBy
 
 // Writes a settings file through the program's own settings store: "settings" values in pairs
 // of name and text and, unless told otherwise, the catalogue the tests share: the built-in one
-// with Luminance switched off, "square inch (in²)" of Area and "fermi" of Length switched off,
+// with Luminance switched off, "square inch (in²)" of Area and "milligal (mGal)" of Acceleration
+// switched off,
 // and the user's quantity Reach of "hand-width" (default, exact 0.1), "stride" (0.75, two
 // figures), "zero" (a factor of 0) and "hidden" (switched off).
 inline void writeHive(const QString &fileName, const QStringList &settings, bool catalogue = true)
@@ -66,7 +67,7 @@ inline void writeHive(const QString &fileName, const QStringList &settings, bool
         if (catalogue) {
             write("User\\OnOff\\Luminance", "OnOff", "0");
             write("User\\OnOff\\Area", "square inch (in²)", "0");
-            write("User\\OnOff\\Length", "fermi", "0");
+            write("User\\OnOff\\Acceleration", "milligal (mGal)", "0");
             write("User\\NewQuans\\Reach", "DefaultUnit", "hand-width");
             write("User\\Units\\Reach", "hand-width", "c0.1");
             write("User\\Units\\Reach", "stride", "a0.75");

@@ -188,6 +188,9 @@ void tst_MensuraCli::commandLines_data()
         "error: no quantity holds both \"m\" (Length) and \"s\" (Time).");
     row("switched-off unit", { "convert", "1", "square inch (in²)", "m²" }, 2, "",
         "error: the unit \"square inch (in²)\" of Area is switched off in the catalogue.");
+    row("switched-off unit of the first quantity", { "convert", "1", "milligal (mGal)", "Gal" }, 2,
+        "",
+        "error: the unit \"milligal (mGal)\" of Acceleration is switched off in the catalogue.");
     row("switched-off unit of the user's", { "convert", "1", "stride", "HIDDEN" }, 2, "",
         "error: the unit \"hidden\" of Reach is switched off in the catalogue.");
     row("unit of a switched-off quantity", { "convert", "1", "lambert (L)", "cd/m2" }, 2, "",
@@ -196,6 +199,8 @@ void tst_MensuraCli::commandLines_data()
         "", "error: the quantity \"Luminance\" is switched off in the catalogue.");
     row("unknown quantity", { "convert", "1", "in", "m", "--quantity", "Lenght" }, 2, "",
         "error: unknown quantity \"Lenght\". Closest names: Length.");
+    row("unknown quantity near the user's", { "convert", "1", "in", "m", "--quantity", "Reac" }, 2,
+        "", "error: unknown quantity \"Reac\". Closest names: Reach.");
     row("the value is judged before the names", { "convert", "dozen", "furlong", "m" }, 2, "",
         "error: \"dozen\" is not a number.");
     row("a value without a digit at its start", { "convert", "--", "-inf", "in", "m" }, 2, "",
@@ -509,7 +514,8 @@ void tst_MensuraCli::quantitiesAreTheEnabledOnesInAlphabeticalOrder()
         names.append(line.section(u'\t', 0, 0));
     QCOMPARE(names, expected);
     QVERIFY(lines.contains(QStringLiteral("Reach\t3\thand-width\tcustom\ton")));
-    QVERIFY(lines.contains(QStringLiteral("Length\t46\tmetre (m)\tbuiltin\ton")));
+    QVERIFY(lines.contains(
+        QStringLiteral("Acceleration\t6\tmetre per second squared (m/s²)\tbuiltin\ton")));
 
     const QStringList all = runCli({ "units", "--tsv", "--all", "--hive", m_hive })
                                 .out.split(u'\n', Qt::SkipEmptyParts);
