@@ -73,7 +73,8 @@ void tst_ConversionEngine::init()
         { unit(QStringLiteral("Celsius (°C)"), QString(), true),
             unit(QStringLiteral("kelvin (K)"), QString()),
             unit(QStringLiteral("Fahrenheit (°F)"), QString()),
-            unit(QStringLiteral("Rankine (°R)"), QString()) });
+            unit(QStringLiteral("Rankine (°R)"), QString()),
+            unit(QStringLiteral("Réaumur"), QStringLiteral("1.25")) });
     addQuantity(QStringLiteral("Temperature Interval"),
         { unit(
               QStringLiteral("degree Fahrenheit (°F)"), QStringLiteral("5.5555555555555555555e-1")),
@@ -120,7 +121,7 @@ void tst_ConversionEngine::convert_data()
     row("Fahrenheit to Rankine", 3, 32, "Fahrenheit (°F)", "Rankine (°R)", "491.670 0");
     row("temperature to itself skips the guard", 3, -300, "Celsius (°C)", "Celsius (°C)",
         "-300.000 0");
-    row("a unit unknown to the formulas gives zero", 3, 25, "Celsius (°C)", "Réaumur",
+    row("a unit of the user's in Temperature gives zero", 3, 25, "Celsius (°C)", "Réaumur",
         "0.000 000 E+0");
     row("degree Fahrenheit to degree Rankine is unchanged and exact", 4, 9,
         "degree Fahrenheit (°F)", "degree Rankine (°R)", "9.000 000");
