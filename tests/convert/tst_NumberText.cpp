@@ -38,6 +38,9 @@ void tst_NumberText::leadingNumber_data()
     for (const QStringList &f :
         readTestTable(QStringLiteral(TEST_DATA_DIR "/leading_numbers.tsv"), 4))
         QTest::newRow(qPrintable(f[0])) << f[1] << f[2].toDouble() << f[3].toInt();
+    // Beyond a double's range, too small told from too large however many zeros lead
+    QTest::newRow("1E-401 written with 400 zeros")
+        << "0." + QString(400, u'0') + u'1' << 0.0 << 403;
 }
 
 void tst_NumberText::leadingNumber()
