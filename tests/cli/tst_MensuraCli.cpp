@@ -575,16 +575,21 @@ void tst_MensuraCli::helpListsEveryOptionAndWinsOverErrors()
 void tst_MensuraCli::settingsFileIsNeverWritten()
 {
     // A settings file without "User" keys: reading them would create them in memory; nothing
-    // of that may reach the file. Named by --hive and by MENSURA_HIVE.
+    // of that may reach the file, nor a repair of its bad value. Named by --hive and by
+    // MENSURA_HIVE.
     const QString hive = m_dir.filePath(QStringLiteral("untouched.reg"));
-    writeHive(hive, { "numericformatting", "4" }, false);
+    writeHive(hive, { "numericformatting", "4", "scientific", "maybe" }, false);
     QFile file(hive);
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray before = file.readAll();
     file.close();
     const QDateTime modified = QFileInfo(hive).lastModified();
 
-    QCOMPARE(runCli({ "convert", "12", "in", "m", "--hive", hive }).out, "0.304 8\n");
+    const CliRun named = runCli({ "convert", "12", "in", "m", "--hive", hive });
+    QCOMPARE(named.out, "0.304 8\n");
+    QCOMPARE(named.err,
+        "warning: the settings store holds a bad value: Type mismatch: \"maybe\" is stored for "
+        "\"scientific\"\n");
     QCOMPARE(runCli({ "convert", "12", "in", "m" }, QByteArray(), hive).out, "0.304 8\n");
     QCOMPARE(runCli({ "units", "--hive", hive }).exitCode, 0);
     QCOMPARE(runCli({ "report", "1", "in", "--hive", hive }).exitCode, 0);
