@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The built-in catalogue as loaded from the string table: its shape against the table of
-// quantities in builtin_quantities.tsv, the invariants of every unit, and the on/off state.
+// The catalogue as loaded: the built-in one from the string table, its shape against the table
+// of quantities in builtin_quantities.tsv with the invariants of every unit, the units in
+// telling_units.tsv as published; the on/off state from the settings store; the user's own
+// quantities and units merged in, and written back.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
+#include "catalogue/UserCatalogue.h"
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 
-#include <QFile>
+#include "convert/TestTable.h"
+
 #include <QSet>
 #include <QTemporaryDir>
 #include <QTest>
@@ -21,16 +25,17 @@ private Q_SLOTS:
     void init();
     void quantities_data();
     void quantities();
-    void everyUnitKeepsTheInvariants();
-    void angleFactorsAreAsPublished();
-    void temperatureHasNoFactors();
-    void temperatureIntervalMarksItsExactUnits();
-    void factorTexts_data();
-    void factorTexts();
-    void disabledEntriesComeFromTheStore();
-    void onOffThatIsNoNumberIsReported();
+    void tellingUnits_data();
+    void tellingUnits();
+    void storedOnOff_data();
+    void storedOnOff();
+    void customQuantityWithItsUnits();
+    void unitsBeyondTheLimitAreNotLoaded();
+    void savedCatalogueLoadsBackTheSame();
 
 private:
+    Catalogue load();
+
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
     Catalogue m_catalogue;
@@ -41,8 +46,34 @@ void tst_Catalogue::init()
     const QString file = m_dir.filePath(QStringLiteral("registry.reg"));
     QFile::remove(file);
     m_store = std::make_unique<SettingsStore>(std::make_unique<HiveFile>(file));
-    m_catalogue = Catalogue();
-    m_catalogue.LoadCatalogue(*m_store);
+    m_catalogue = load();
+}
+
+// The quantities from the one numbered first on, a line each (name|on|custom|default unit),
+// each followed by a line for each of its units (name|on, exact and custom|factor text|factor).
+static QStringList describe(const Catalogue &catalogue, int first)
+{
+    QStringList lines;
+    for (int q = first; q <= catalogue.QuantityCount; ++q) {
+        const PhysicalQuantity &quantity = catalogue.Quantities[q];
+        lines << QStringList { quantity.Name, QString::number(quantity.OnOff),
+            QString::number(quantity.Custom), quantity.DefaultUnit }
+                     .join(u'|');
+        for (int j = 1; j <= quantity.UnitCount; ++j) {
+            const UnitEntry &u = catalogue.Units[q][j];
+            lines << QStringLiteral("  ") + u.Name
+                    + QStringLiteral("|%1%2%3|").arg(u.OnOff).arg(u.Exact).arg(u.Custom)
+                    + u.FactorText + u'|' + QString::number(u.Factor, 'g', 15);
+        }
+    }
+    return lines;
+}
+
+Catalogue tst_Catalogue::load()
+{
+    Catalogue catalogue;
+    catalogue.LoadCatalogue(*m_store);
+    return catalogue;
 }
 
 void tst_Catalogue::quantities_data()
@@ -52,14 +83,9 @@ void tst_Catalogue::quantities_data()
     QTest::addColumn<int>("units");
     QTest::addColumn<QString>("defaultUnit");
     QTest::addColumn<int>("exactMarks");
-    QFile file(QStringLiteral(TEST_DATA_DIR "/builtin_quantities.tsv"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
     int total = 0;
-    while (!file.atEnd()) {
-        const QString line = QString::fromUtf8(file.readLine()).trimmed();
-        if (line.startsWith(u'#') || line.isEmpty())
-            continue;
-        const QStringList f = line.split(u'\t');
+    for (const QStringList &f :
+        readTestTable(QStringLiteral(TEST_DATA_DIR "/builtin_quantities.tsv"), 5)) {
         QTest::newRow(qPrintable(f[1]))
             << f[0].toInt() << f[1] << f[2].toInt() << f[3] << f[4].toInt();
         total += f[2].toInt();
@@ -81,166 +107,191 @@ void tst_Catalogue::quantities()
     QCOMPARE(q.DefaultUnit, defaultUnit);
     QCOMPARE(q.OnOff, 1);
     QCOMPARE(q.Custom, 0);
-    const int base = Catalogue::QuantityBase + 100 * index;
-    int marks = 0, stars = 0;
+    QVERIFY(!StringTable::contains(Catalogue::QuantityBase + 100 * index + units + 1));
+
+    // Every unit: named once, without "[" (the find dialog's) or "," (the conversions file's);
+    // exact when its factor text is marked "x" or it is the default unit (factor "1"); an
+    // inexact factor written with enough digits to be worth its figures.
+    int marks = 0;
+    QSet<QString> names;
     for (int j = 1; j <= units; ++j) {
-        marks += StringTable::text(base + 50 + j).startsWith(u'x') ? 1 : 0;
-        stars += StringTable::text(base + j).startsWith(u'*') ? 1 : 0;
+        const UnitEntry &u = m_catalogue.Units[index][j];
+        const QString where = name + QStringLiteral(": ") + u.Name;
+        QVERIFY2(!names.contains(u.Name) && !u.Name.isEmpty() && u.Name == u.Name.trimmed()
+                && !u.Name.contains(u'[') && !u.Name.contains(u','),
+            qPrintable(where));
+        names.insert(u.Name);
+        QCOMPARE(u.OnOff, 1);
+        QCOMPARE(u.Custom, 0);
+        const bool isDefault = u.Name == defaultUnit;
+        const QString written = StringTable::text(Catalogue::QuantityBase + 100 * index + 50 + j);
+        marks += written.startsWith(u'x') ? 1 : 0;
+        QVERIFY2(u.Exact == ((written.startsWith(u'x') || isDefault) ? 1 : 0), qPrintable(where));
+        if (m_catalogue.isTemperature(index))
+            continue;
+        QVERIFY2(u.Factor > 0 && (u.Exact == 1 || u.FactorText.size() >= 6), qPrintable(where));
+        QVERIFY(!isDefault || (u.FactorText == QStringLiteral("1") && u.Factor == 1.0));
     }
     QCOMPARE(marks, exactMarks);
-    QCOMPARE(stars, 1);
-    QVERIFY(!StringTable::contains(base + units + 1)); // no unit beyond the count
+    QVERIFY(names.contains(defaultUnit));
 }
 
-void tst_Catalogue::everyUnitKeepsTheInvariants()
+void tst_Catalogue::tellingUnits_data()
 {
-    for (int q = 1; q <= m_catalogue.QuantityCount; ++q) {
-        const PhysicalQuantity &quantity = m_catalogue.Quantities[q];
-        const bool temperature = m_catalogue.isTemperature(q);
-        QSet<QString> names;
-        for (int j = 1; j <= quantity.UnitCount; ++j) {
-            const UnitEntry &u = m_catalogue.Units[q][j];
-            const QString where = quantity.Name + QStringLiteral(": ") + u.Name;
-            QVERIFY2(!names.contains(u.Name), qPrintable(where + QStringLiteral(" twice")));
-            names.insert(u.Name);
-            QVERIFY2(!u.Name.isEmpty() && u.Name == u.Name.trimmed(), qPrintable(where));
-            // The find dialog splits at "[", the conversions file at commas.
-            QVERIFY2(!u.Name.contains(u'[') && !u.Name.contains(u','), qPrintable(where));
-            QCOMPARE(u.OnOff, 1);
-            QCOMPARE(u.Custom, 0);
-            const bool isDefault = u.Name == quantity.DefaultUnit;
-            const bool marked
-                = StringTable::text(Catalogue::QuantityBase + 100 * q + 50 + j).startsWith(u'x');
-            QVERIFY2(u.Exact == ((marked || isDefault) ? 1 : 0), qPrintable(where));
-            if (temperature)
-                continue;
-            QVERIFY2(u.Factor > 0, qPrintable(where + QStringLiteral(" has no factor")));
-            if (isDefault) {
-                QCOMPARE(u.FactorText, QStringLiteral("1"));
-                QCOMPARE(u.Factor, 1.0);
-            }
-            // An inexact factor is written with enough digits to be worth its figures.
-            if (u.Exact == 0)
-                QVERIFY2(u.FactorText.size() >= 6,
-                    qPrintable(where + QStringLiteral(" ") + u.FactorText));
-        }
-    }
-}
-
-void tst_Catalogue::angleFactorsAreAsPublished()
-{
-    const int angle = m_catalogue.findQuantity(QStringLiteral("Angle"));
-    QCOMPARE(angle, 2);
-    const QStringList names = { "revolution (r)", "right angle (L)", "radian (rad)", "degree (°)",
-        "minute (')", "second ('')", "grade (gra)", "mil" };
-    const QStringList factors = { "6.28318530717959", "1.5707963267949", "1",
-        "1.74532925199433E-02", "2.90888208665722E-04", "4.84813681109536E-06",
-        "1.5707963267949E-2", "9.81747704246809E-04" };
-    for (int j = 1; j <= 8; ++j) {
-        QCOMPARE(m_catalogue.Units[angle][j].Name, names[j - 1]);
-        QCOMPARE(m_catalogue.Units[angle][j].FactorText, factors[j - 1]);
-        QCOMPARE(m_catalogue.Units[angle][j].Exact, j == 3 ? 1 : 0);
-    }
-}
-
-void tst_Catalogue::temperatureHasNoFactors()
-{
-    const int q = m_catalogue.findQuantity(QStringLiteral("Temperature"));
-    QCOMPARE(q, 26);
-    QVERIFY(m_catalogue.isTemperature(q));
-    const QStringList names = { "Celsius (°C)", "kelvin (K)", "Fahrenheit (°F)", "Rankine (°R)" };
-    for (int j = 1; j <= 4; ++j) {
-        const UnitEntry &u = m_catalogue.Units[q][j];
-        QCOMPARE(u.Name, names[j - 1]);
-        QCOMPARE(u.Factor, 0.0);
-        QCOMPARE(u.FactorText, QString());
-        QCOMPARE(u.Exact, j == 1 ? 1 : 0);
-    }
-}
-
-void tst_Catalogue::temperatureIntervalMarksItsExactUnits()
-{
-    const int q = m_catalogue.findQuantity(QStringLiteral("Temperature Interval"));
-    QCOMPARE(q, 43);
-    const UnitEntry &celsius = m_catalogue.Units[q][1];
-    QCOMPARE(celsius.Name, QStringLiteral("degree Celsius (°C)"));
-    QCOMPARE(celsius.Factor, 1.0);
-    QCOMPARE(celsius.Exact, 1);
-    QCOMPARE(m_catalogue.Units[q][2].FactorText, QStringLiteral("5.5555555555555555555e-1"));
-    QCOMPARE(m_catalogue.Units[q][2].Exact, 0);
-    QCOMPARE(m_catalogue.Units[q][3].FactorText, QStringLiteral("5.5555555555555555555e-1"));
-    const UnitEntry &kelvin = m_catalogue.Units[q][4];
-    QCOMPARE(kelvin.Name, QStringLiteral("kelvin (K)"));
-    QCOMPARE(kelvin.FactorText, QStringLiteral("1"));
-    QCOMPARE(kelvin.Exact, 1);
-}
-
-void tst_Catalogue::factorTexts_data()
-{
-    QTest::addColumn<QString>("text"); // a factor text as the string table holds it
+    QTest::addColumn<QString>("quantity");
+    QTest::addColumn<int>("index");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("factorText");
     QTest::addColumn<double>("factor");
     QTest::addColumn<int>("exact");
-    QTest::newRow("exact with exponent") << "x1E4" << 1e4 << 1;
-    QTest::newRow("per square inch") << "1.550003100006200E3" << 1550.0031000062 << 0;
-    QTest::newRow("thermochemical Btu per second and square foot")
-        << "11348.93179479260" << 11348.9317947926 << 0;
+    for (const QStringList &f :
+        readTestTable(QStringLiteral(TEST_DATA_DIR "/telling_units.tsv"), 6))
+        QTest::newRow(qPrintable(f[0] + QStringLiteral(": ") + f[2]))
+            << f[0] << f[1].toInt() << f[2] << f[3] << f[4].toDouble() << f[5].toInt();
 }
 
-void tst_Catalogue::factorTexts()
+void tst_Catalogue::tellingUnits()
 {
-    QFETCH(QString, text);
+    QFETCH(QString, quantity);
+    QFETCH(int, index);
+    QFETCH(QString, name);
+    QFETCH(QString, factorText);
     QFETCH(double, factor);
     QFETCH(int, exact);
-    // Find the unit whose factor text this is, and check how it was loaded.
-    bool found = false;
-    for (int q = 1; q <= m_catalogue.QuantityCount && !found; ++q) {
-        for (int j = 1; j <= m_catalogue.Quantities[q].UnitCount; ++j) {
-            if (StringTable::text(Catalogue::QuantityBase + 100 * q + 50 + j) != text)
-                continue;
-            const UnitEntry &u = m_catalogue.Units[q][j];
-            QCOMPARE(u.Factor, factor);
-            QCOMPARE(u.Exact, exact);
-            QCOMPARE(u.FactorText, exact ? text.mid(1) : text);
-            found = true;
-            break;
-        }
-    }
-    QVERIFY2(found, qPrintable(text + QStringLiteral(" is in no quantity")));
+    const int q = m_catalogue.findQuantity(quantity);
+    QVERIFY(q != 0);
+    QCOMPARE(m_catalogue.findUnit(q, name), index);
+    const UnitEntry &u = m_catalogue.Units[q][index];
+    QCOMPARE(u.FactorText, factorText);
+    QCOMPARE(u.Factor, factor);
+    QCOMPARE(u.Exact, exact);
 }
 
-void tst_Catalogue::disabledEntriesComeFromTheStore()
+// On/off values stored for Length: its own, or one for its second unit (by its name, in any
+// letter case). Any number but 1 switches off; a text that is no number is reported and
+// leaves the entry switched on.
+void tst_Catalogue::storedOnOff_data()
 {
-    m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Length"), QStringLiteral("OnOff"), QStringLiteral("0"));
+    QTest::addColumn<int>("unit"); // 0: the quantity's own value
+    QTest::addColumn<bool>("otherCase");
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<int>("onOff");
+    QTest::addColumn<bool>("reported");
+    QTest::newRow("quantity switched off") << 0 << false << "0" << 0 << false;
+    QTest::newRow("quantity switched on") << 0 << false << "1" << 1 << false;
+    QTest::newRow("unit switched off") << 2 << false << "0" << 0 << false;
+    QTest::newRow("unit named in another case") << 2 << true << "0" << 0 << false;
+    QTest::newRow("another number switches off") << 2 << false << "2" << 2 << false;
+    QTest::newRow("a half rounds to even") << 2 << false << "0.5" << 0 << false;
+    QTest::newRow("quantity's value that is no number") << 0 << false << "off" << 1 << true;
+    QTest::newRow("unit's value that is no number") << 2 << false << "yes" << 1 << true;
+}
+
+void tst_Catalogue::storedOnOff()
+{
+    QFETCH(int, unit);
+    QFETCH(bool, otherCase);
+    QFETCH(QString, stored);
+    QFETCH(int, onOff);
+    QFETCH(bool, reported);
     const int length = m_catalogue.findQuantity(QStringLiteral("Length"));
-    const QString second = m_catalogue.Units[length][2].Name;
-    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"), second, QStringLiteral("0"));
-    const QString third = m_catalogue.Units[length][3].Name;
+    const QString name = unit ? m_catalogue.Units[length][unit].Name : QStringLiteral("OnOff");
     m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Length"), third, QStringLiteral("2")); // not 1: disabled
-    Catalogue reloaded;
-    reloaded.LoadCatalogue(*m_store);
-    QVERIFY(!reloaded.Quantities[length].enabled());
-    QCOMPARE(reloaded.Units[length][2].OnOff, 0);
-    QCOMPARE(reloaded.Units[length][3].OnOff, 2);
-    const QStringList listed = reloaded.enabledUnitNames(length);
-    QCOMPARE(listed.size(), 45);
-    QVERIFY(!listed.contains(second));
-    QVERIFY(!listed.contains(third));
-    QCOMPARE(listed.first(), reloaded.Units[length][1].Name);
+        QStringLiteral("User\\OnOff\\Length"), otherCase ? name.toUpper() : name, stored);
+    Catalogue loaded;
+    QList<RuntimeError> problems;
+    loaded.LoadCatalogue(*m_store, &problems);
+    QCOMPARE(unit ? loaded.Units[length][unit].OnOff : loaded.Quantities[length].OnOff, onOff);
+    QCOMPARE(problems.size(), reported ? 1 : 0);
+    if (reported)
+        QCOMPARE(problems[0].messageText(),
+            QStringLiteral("Error # 13\nType mismatch: \"%1\" is stored for \"%2\" in "
+                           "\"User\\OnOff\\Length\"")
+                .arg(stored, name));
+    QCOMPARE(loaded.enabledUnitNames(length).size(), unit && onOff != 1 ? 46 : 47);
 }
 
-void tst_Catalogue::onOffThatIsNoNumberIsReported()
+// The user's quantities come after the 43 built-in ones, and the user's units after the
+// built-in units of their quantity, in the order they were stored. A unit's value is a flag
+// letter and the factor text: a on, b off, c on and exact, d off and exact, anything else off.
+void tst_Catalogue::customQuantityWithItsUnits()
 {
-    m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Mass"), QStringLiteral("OnOff"), QStringLiteral("off"));
-    Catalogue reloaded;
+    auto write = [this](const char *key, const char *name, const char *value) {
+        m_store->RegWriteString(
+            QString::fromUtf8(key), QString::fromUtf8(name), QString::fromUtf8(value));
+    };
+    write("User\\NewQuans\\Data", "DefaultUnit", "byte");
+    write("User\\NewQuans\\Cooking", "OnOff", "0");
+    write("User\\NewQuans\\Garden", "OnOff", "maybe");
+    write("User\\Units\\Data", "byte", "c1");
+    write("User\\Units\\Data", "a: on", "a0.125");
+    write("User\\Units\\Data", "b: off", "b2.5");
+    write("User\\Units\\Data", "c: on and exact", "c1E3");
+    write("User\\Units\\Data", "d: off and exact", "d4");
+    write("User\\Units\\Data", "another letter: off", "A7");
+    write("User\\Units\\Data", "a factor that is no number", "aabc");
+    write("User\\Units\\Data", "nothing stored", "");
+    write("User\\Units\\Garden", "rod", "a5.0292");
+    write("User\\Units\\Length", "smoot", "a1.7018");
+    write("User\\Units\\Temperature", "Réaumur", "a1.25");
+    Catalogue catalogue;
     QList<RuntimeError> problems;
-    reloaded.LoadCatalogue(*m_store, &problems);
+    catalogue.LoadCatalogue(*m_store, &problems);
+    QCOMPARE(catalogue.QuantityCount, 46);
+    QCOMPARE(describe(catalogue, 44),
+        QStringList({ "Data|1|1|byte", "  byte|111|1|1", "  a: on|101|0.125|0.125",
+            "  b: off|001|2.5|2.5", "  c: on and exact|111|1E3|1000", "  d: off and exact|011|4|4",
+            "  another letter: off|001|7|7", "  a factor that is no number|101|abc|0",
+            "  nothing stored|001||0", "Cooking|0|1|",
+            // An on/off that is no number is reported and leaves the quantity switched on.
+            "Garden|1|1|", "  rod|101|5.0292|5.0292" }));
     QCOMPARE(problems.size(), 1);
-    QCOMPARE(problems[0].number, int(RuntimeError::TypeMismatch));
-    QVERIFY(problems[0].messageText().contains(QStringLiteral("off")));
-    QVERIFY(reloaded.Quantities[reloaded.findQuantity(QStringLiteral("Mass"))].enabled());
+    QCOMPARE(problems[0].messageText(),
+        QStringLiteral("Error # 13\nType mismatch: \"maybe\" is stored for \"OnOff\" in "
+                       "\"User\\NewQuans\\Garden\""));
+    const int length = catalogue.findQuantity(QStringLiteral("Length"));
+    QCOMPARE(catalogue.Quantities[length].UnitCount, 48);
+    QCOMPARE(catalogue.Units[length][48].Name, QStringLiteral("smoot"));
+    // A unit of the user's in Temperature is listed (the formulas convert it to nothing).
+    QVERIFY(catalogue.enabledUnitNames(catalogue.findQuantity(QStringLiteral("Temperature")))
+                .contains("Réaumur"));
+}
+
+void tst_Catalogue::unitsBeyondTheLimitAreNotLoaded()
+{
+    SettingsStore::Batch batch(*m_store);
+    for (int i = 0; i < 60; ++i)
+        m_store->RegWriteString(QStringLiteral("User\\Units\\Angle"),
+            QStringLiteral("unit %1").arg(i), QStringLiteral("a1"));
+    const Catalogue catalogue = load();
+    QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount,
+        Catalogue::MaxUnits);
+}
+
+void tst_Catalogue::savedCatalogueLoadsBackTheSame()
+{
+    Catalogue edited = load();
+    const int mass = edited.findQuantity(QStringLiteral("Mass"));
+    edited.Quantities[mass].OnOff = 0;
+    edited.Units[mass][3].OnOff = 0;
+    edited.resize(45);
+    edited.Quantities[45] = PhysicalQuantity { QStringLiteral("Garden"), 0, 0, QString(), 1 };
+    PhysicalQuantity &custom = edited.Quantities[44];
+    custom = PhysicalQuantity { QStringLiteral("Fuel \"economy\" [odd] = name"), 1, 2,
+        QStringLiteral("km per litre"), 1 };
+    edited.Units[44][1]
+        = UnitEntry { QStringLiteral("km per litre"), 1, 1, 1.0, 1, QStringLiteral("1") };
+    edited.Units[44][2] = UnitEntry { QStringLiteral("  mile\\gallon (US)  "), 0, 1,
+        0.425143707430272, 0, QStringLiteral("0.425143707430272") };
+    const int length = edited.findQuantity(QStringLiteral("Length"));
+    const int slot = ++edited.Quantities[length].UnitCount;
+    edited.Units[length][slot]
+        = UnitEntry { QStringLiteral("пядь"), 1, 1, 0.1778, 1, QStringLiteral("0.1778") };
+
+    UserCatalogue::SaveUserCatalogue(edited, *m_store);
+    const Catalogue loaded = load();
+    QCOMPARE(loaded.QuantityCount, 45);
+    QCOMPARE(describe(loaded, 1), describe(edited, 1));
 }
 
 QTEST_GUILESS_MAIN(tst_Catalogue)

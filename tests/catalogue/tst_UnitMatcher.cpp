@@ -10,7 +10,8 @@
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 
-#include <QFile>
+#include "convert/TestTable.h"
+
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
@@ -25,6 +26,7 @@ private Q_SLOTS:
     void typedNames();
     void everyUnitIsFoundByItsNameAndSymbols();
     void everyAliasNamesABuiltInUnit();
+    void aliasTableFormat();
 
 private:
     QString describe(int q, int unit) const;
@@ -66,21 +68,11 @@ void tst_UnitMatcher::typedNames_data()
     QTest::addColumn<QString>("context");
     QTest::addColumn<QString>("expected");
 
-    QFile file(QStringLiteral(TEST_DATA_DIR "/unit_spellings.tsv"));
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QRegularExpression escape(QStringLiteral("\\\\u([0-9A-Fa-f]{4})"));
     const QRegularExpression repeat(QStringLiteral("^\\{(\\d+)\\*(.*)\\}$"));
-    for (const QString &line : QString::fromUtf8(file.readAll()).split(u'\n')) {
-        if (line.isEmpty() || line.startsWith(u'#'))
-            continue;
-        const QStringList fields = line.split(u'\t');
-        QCOMPARE(fields.size(), 4);
-        QString typed = fields[1];
-        for (auto found = escape.match(typed); found.hasMatch(); found = escape.match(typed))
-            typed.replace(found.capturedStart(), 6, QChar(found.captured(1).toUShort(nullptr, 16)));
-        if (const auto found = repeat.match(typed); found.hasMatch())
-            typed = found.captured(2).repeated(found.captured(1).toInt());
-        QTest::newRow(qPrintable(fields[0])) << typed << fields[2] << fields[3];
+    for (QStringList f : readTestTable(QStringLiteral(TEST_DATA_DIR "/unit_spellings.tsv"), 4)) {
+        if (const auto found = repeat.match(f[1]); found.hasMatch())
+            f[1] = found.captured(2).repeated(found.captured(1).toInt());
+        QTest::newRow(qPrintable(f[0])) << f[1] << f[2] << f[3];
     }
 }
 
@@ -157,13 +149,24 @@ void tst_UnitMatcher::everyAliasNamesABuiltInUnit()
 {
     const QVector<UnitAliases::Alias> &aliases = UnitAliases::builtin();
     QVERIFY(aliases.size() > 100);
-    Catalogue builtin;
-    SettingsStore store(std::make_unique<HiveFile>(m_dir.filePath(QStringLiteral("empty.reg"))));
-    builtin.LoadCatalogue(store);
-    for (const UnitAliases::Alias &alias : aliases) {
-        const int q = builtin.findQuantity(alias.quantity);
-        QVERIFY2(q != 0 && builtin.findUnit(q, alias.unit) != 0, qPrintable(alias.alias));
+    for (const UnitAliases::Alias &alias : aliases) { // switched off or not
+        const int q = m_catalogue.findQuantity(alias.quantity);
+        QVERIFY2(q != 0 && m_catalogue.findUnit(q, alias.unit) != 0, qPrintable(alias.alias));
     }
+}
+
+// Lines of three non-empty fields, with LF or CR LF line ends; anything else is left out.
+void tst_UnitMatcher::aliasTableFormat()
+{
+    const QVector<UnitAliases::Alias> aliases = UnitAliases::parse(
+        "# alias\tunit\tquantity\r\ncfm\tcubic foot per minute (ft³/min)\tFlow\r\n\n"
+        "two\tfields\nfour\ttab\tseparated\tfields\n\tno alias\tFlow\nno unit\t\tFlow\n"
+        "no quantity\tx\t\nsq ft\tsquare foot (ft²)\tArea");
+    QCOMPARE(aliases.size(), 2);
+    QCOMPARE(aliases[0].alias + u'|' + aliases[0].unit + u'|' + aliases[0].quantity,
+        QStringLiteral("cfm|cubic foot per minute (ft³/min)|Flow"));
+    QCOMPARE(aliases[1].alias + u'|' + aliases[1].unit + u'|' + aliases[1].quantity,
+        QStringLiteral("sq ft|square foot (ft²)|Area"));
 }
 
 QTEST_GUILESS_MAIN(tst_UnitMatcher)
