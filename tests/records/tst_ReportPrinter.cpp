@@ -36,7 +36,8 @@ static UnitReport temperatureReport()
 {
     return UnitReport { "100", "Celsius (\u00B0C)", "Temperature",
         { { "100", "Celsius (\u00B0C)" }, { "373.15", "kelvin (K)" },
-            { "212", "Fahrenheit (\u00B0F)" } } };
+            { "212", "Fahrenheit (\u00B0F)" } },
+        std::nullopt };
 }
 
 static QStringList simplifiedTexts(const Lines &lines)
@@ -95,7 +96,7 @@ void tst_ReportPrinter::reportLines_data()
                   empty, { "Upon conversion, 100 Celsius (\u00B0C) equals:", ReportLine::Body },
                   empty, { "     1.     373.15  kelvin (K)", ReportLine::Body, 12 },
                   { "     2.     212  Fahrenheit (\u00B0F)", ReportLine::Body, 12 } };
-    QTest::newRow("no units, empty value") << PrintReport::unitReport({ "", "a", "q", {} })
+    QTest::newRow("no units, empty value") << PrintReport::unitReport({ "", "a", "q", {}, std::nullopt })
                                            << top
             + Lines { { "The value you entered was:  a", ReportLine::Body }, empty,
                   { "Upon conversion,  a equals:", ReportLine::Body }, empty };
