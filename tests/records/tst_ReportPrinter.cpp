@@ -96,8 +96,9 @@ void tst_ReportPrinter::reportLines_data()
                   empty, { "Upon conversion, 100 Celsius (\u00B0C) equals:", ReportLine::Body },
                   empty, { "     1.     373.15  kelvin (K)", ReportLine::Body, 12 },
                   { "     2.     212  Fahrenheit (\u00B0F)", ReportLine::Body, 12 } };
-    QTest::newRow("no units, empty value") << PrintReport::unitReport({ "", "a", "q", {}, std::nullopt })
-                                           << top
+    QTest::newRow("no units, empty value")
+        << PrintReport::unitReport({ "", "a", "q", {}, std::nullopt })
+        << top
             + Lines { { "The value you entered was:  a", ReportLine::Body }, empty,
                   { "Upon conversion,  a equals:", ReportLine::Body }, empty };
     QTest::newRow("marked conversions numbered from 1, their quantity left out")
