@@ -7,6 +7,7 @@
 #include "find/frmFind.h"
 #include "help/HelpTopics.h"
 #include "main/QuantityTabBar.h"
+#include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/MainWindowFixture.h"
 
@@ -92,46 +93,26 @@ void tst_frmFind::typing_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<QString>("line");
     QTest::addColumn<QString>("tied"); // the status bar's message
-    QTest::newRow("capitals find small letters") << "INCH"
-                                                 << "inch per second squared (in/s²) [Acceleration]"
-                                                 << "";
-    QTest::newRow("a line that begins so comes before a symbol")
-        << "m"
-        << "metre per second squared (m/s²) [Acceleration]"
-        << "";
-    QTest::newRow("a symbol no line begins with") << "ft"
-                                                  << "foot (ft) [Length]"
-                                                  << "";
-    QTest::newRow("the first line found by its symbol")
-        << "m/s2"
-        << "metre per second squared (m/s²) [Acceleration]"
-        << "";
-    QTest::newRow("a line that begins so, whatever else the text names")
-        << "kilowatt"
-        << "kilowatt hour (kW·h) [Energy]"
-        << "";
-    QTest::newRow("psi") << "psi"
-                         << "pound per square inch (psi) [Pressure or Stress]"
-                         << "";
-    QTest::newRow("kWh") << "kWh"
-                         << "kilowatt hour (kW·h) [Energy]"
-                         << "";
-    QTest::newRow("gpm") << "gpm"
-                         << "gallon (US) per minute (gpm) [Flow]"
-                         << "";
-    QTest::newRow("sq ft") << "sq ft"
-                           << "square foot (ft²) [Area]"
-                           << "";
-    QTest::newRow("mph names two units: the first, and the other told")
-        << "mph"
-        << "milliphot (mph) [Illuminance]"
-        << "\"mph\" also names mile per hour (mph) [Velocity]";
-    QTest::newRow("a switched-off unit is not there") << "fermi"
-                                                      << ""
-                                                      << "";
-    QTest::newRow("nothing begins so or is named so") << "zzq"
-                                                      << ""
-                                                      << "";
+    const char *rows[][4] = {
+        { "capitals find small letters", "INCH", "inch per second squared (in/s²) [Acceleration]",
+            "" },
+        { "a line that begins so comes before a symbol", "m",
+            "metre per second squared (m/s²) [Acceleration]", "" },
+        { "a symbol no line begins with", "ft", "foot (ft) [Length]", "" },
+        { "the first line found by its symbol", "m/s2",
+            "metre per second squared (m/s²) [Acceleration]", "" },
+        { "a line that begins so, whatever else the text names", "kilowatt",
+            "kilowatt hour (kW·h) [Energy]", "" },
+        { "psi", "psi", "pound per square inch (psi) [Pressure or Stress]", "" },
+        { "kWh", "kWh", "kilowatt hour (kW·h) [Energy]", "" },
+        { "gpm", "gpm", "gallon (US) per minute (gpm) [Flow]", "" },
+        { "sq ft", "sq ft", "square foot (ft²) [Area]", "" },
+        { "mph names two units: the first, and the other told", "mph",
+            "milliphot (mph) [Illuminance]", "\"mph\" also names mile per hour (mph) [Velocity]" },
+        { "a switched-off unit is not there", "fermi", "", "" },
+        { "nothing begins so or is named so", "zzq", "", "" },
+    };
+    addTextRows(rows);
 }
 
 void tst_frmFind::typing()

@@ -10,6 +10,7 @@
 #include "main/FiguresIndicator.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
+#include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/MainWindowFixture.h"
 
@@ -112,14 +113,13 @@ void tst_frmMain::resultFollowsEveryKindOfChange_data()
 {
     QTest::addColumn<QString>("how");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("a value picked from the history by keyboard") << "history"
-                                                                 << "72.00000";
-    QTest::newRow("a target unit selected without moving the current row") << "selection"
-                                                                           << "0.3048000";
-    QTest::newRow("a target unit chosen by another window") << "control"
-                                                            << "1.000000";
-    QTest::newRow("a value put in by another window") << "control value"
-                                                      << "36.00000";
+    const char *rows[][3] = {
+        { "a value picked from the history by keyboard", "history", "72.00000" },
+        { "a target unit selected without moving the current row", "selection", "0.3048000" },
+        { "a target unit chosen by another window", "control", "1.000000" },
+        { "a value put in by another window", "control value", "36.00000" },
+    };
+    addTextRows(rows);
 }
 
 void tst_frmMain::resultFollowsEveryKindOfChange()
@@ -154,26 +154,19 @@ void tst_frmMain::readingNote_data()
 {
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QString>("readAs"); // "" when the whole text is the number
-    QTest::newRow("a thousands comma") << "1,500"
-                                       << "1";
-    QTest::newRow("a fraction") << "3/8"
-                                << "3";
-    QTest::newRow("a mixed number: blanks inside are skipped") << "1 1/2"
-                                                               << "11";
-    QTest::newRow("a unit after the number") << "12kg"
-                                             << "12";
-    QTest::newRow("a dangling exponent") << "2.5e"
-                                         << "2.5";
-    QTest::newRow("a whole number") << "12"
-                                    << "";
-    QTest::newRow("blanks around a number") << " 1 500 "
-                                            << "";
-    QTest::newRow("an exponent") << "-1.5D3"
-                                 << "";
-    QTest::newRow("an empty box") << ""
-                                  << "";
-    QTest::newRow("no number at all") << "abc"
-                                      << "0";
+    const char *rows[][3] = {
+        { "a thousands comma", "1,500", "1" },
+        { "a fraction", "3/8", "3" },
+        { "a mixed number: blanks inside are skipped", "1 1/2", "11" },
+        { "a unit after the number", "12kg", "12" },
+        { "a dangling exponent", "2.5e", "2.5" },
+        { "a whole number", "12", "" },
+        { "blanks around a number", " 1 500 ", "" },
+        { "an exponent", "-1.5D3", "" },
+        { "an empty box", "", "" },
+        { "no number at all", "abc", "0" },
+    };
+    addTextRows(rows);
 }
 
 // A value read from its start only converts as before, and the box says what it was read as;
@@ -445,47 +438,22 @@ void tst_frmMain::clipboard_data()
     QTest::addColumn<QString>("clipboard");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("copied");
+    const char *rows[][5] = {
+        { "Copy Converted Value", "mnueditedit_0", "x", "12", "144.0000" },
+        { "the right label copies the value", "lblUnitRight", "x", "12", "144.0000" },
+        { "Copy Whole Conversion", "mnueditCopyWholeConv", "x", "12", "12 foot  =  144.0000 inch" },
+        { "Paste keeps the number a text starts with", "mnueditedit_1", "12.5e-3kg", "12.5e-3",
+            "12.5e-3kg" },
+        { "a second point ends the pasted number", "mnuview2edit_1", "1.2.3", "1.2", "1.2.3" },
+        { "the left label pastes", "lblUnitLeft", "5 ft", "5 ", "5 ft" },
+        { "the left label pastes no 0", "lblUnitLeft", "0", "12", "0" },
+        { "the paste key enters 0, which the menu does not offer", "keys", "0", "0", "0" },
+        { "the value box's own menu pastes the number", "box menu", "7.5 feet", "7.5 ",
+            "7.5 feet" },
+        { "a text without a number is refused", "keys", "abc", "", "abc" },
+    };
+    addTextRows(rows);
     const QString huge(1'000'000, u'7');
-    QTest::newRow("Copy Converted Value") << "mnueditedit_0"
-                                          << "x"
-                                          << "12"
-                                          << "144.0000";
-    QTest::newRow("the right label copies the value") << "lblUnitRight"
-                                                      << "x"
-                                                      << "12"
-                                                      << "144.0000";
-    QTest::newRow("Copy Whole Conversion") << "mnueditCopyWholeConv"
-                                           << "x"
-                                           << "12"
-                                           << "12 foot  =  144.0000 inch";
-    QTest::newRow("Paste keeps the number a text starts with") << "mnueditedit_1"
-                                                               << "12.5e-3kg"
-                                                               << "12.5e-3"
-                                                               << "12.5e-3kg";
-    QTest::newRow("a second point ends the pasted number") << "mnuview2edit_1"
-                                                           << "1.2.3"
-                                                           << "1.2"
-                                                           << "1.2.3";
-    QTest::newRow("the left label pastes") << "lblUnitLeft"
-                                           << "5 ft"
-                                           << "5 "
-                                           << "5 ft";
-    QTest::newRow("the left label pastes no 0") << "lblUnitLeft"
-                                                << "0"
-                                                << "12"
-                                                << "0";
-    QTest::newRow("the paste key enters 0, which the menu does not offer") << "keys"
-                                                                           << "0"
-                                                                           << "0"
-                                                                           << "0";
-    QTest::newRow("the value box's own menu pastes the number") << "box menu"
-                                                                << "7.5 feet"
-                                                                << "7.5 "
-                                                                << "7.5 feet";
-    QTest::newRow("a text without a number is refused") << "keys"
-                                                        << "abc"
-                                                        << ""
-                                                        << "abc";
     QTest::newRow("a number before a huge block of words")
         << "keys" << QStringLiteral("2.5") + QString(1'000'000, u'x') << "2.5" << QString();
     QTest::newRow("a huge block of digits fills the box and is too big to convert")
