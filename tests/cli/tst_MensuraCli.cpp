@@ -122,9 +122,7 @@ void tst_MensuraCli::commandLines_data()
     row("--regular and --min over the stored ones", styled + "12 in m --regular --min 0.1", 0,
         "0.3048");
     row("--no-triads, --scientific, --sigfigs 13",
-        "convert 12 in m --no-triads --scientific "
-        "--sigfigs=13",
-        0, "3.048000000000E-1");
+        "convert 12 in m --no-triads --scientific --sigfigs=13", 0, "3.048000000000E-1");
     row("--sigfigs 1, --max 1E+9, --min 1E-9", "convert 1 nm m --sigfigs 1 --max 1e9 --min 1e-9", 0,
         "0.000 000 001");
 
@@ -280,12 +278,9 @@ void tst_MensuraCli::commandLines_data()
     const QString interval = QStringLiteral("convert --batch --quantity \"temperature interval\"");
     row("batch: the fourth field names the quantity", "convert --batch", 0, "100.000 0", "",
         "212\t°F\t°C\tTemperature\n");
-    row("batch: --quantity for the lines without one", interval, 0, "117.777 8", "",
-        "212\t°F\t°C\n");
-    row("batch: the fourth field before --quantity", interval, 0, "100.000 0", "",
-        "212\t°F\t°C\tTemperature\n");
-    row("batch: an empty fourth field means --quantity", interval, 0, "117.777 8", "",
-        "212\t°F\t°C\t\n");
+    row("batch: --quantity for lines without a fourth field, or an empty one", interval, 0,
+        "117.777 8\n100.000 0\n117.777 8", "",
+        "212\t°F\t°C\n212\t°F\t°C\tTemperature\n212\t°F\t°C\t\n");
     row("batch: --verbose puts the status after a tab", "convert --batch --verbose", 0,
         "25.400 00\tExact Factors  (Current: 7)", "", "1\tin\tmm\n");
     row("batch: options apply to every line", "convert --batch --sigfigs 2 --no-triads", 0,
