@@ -307,10 +307,9 @@ void tst_MensuraCli::commandLines_data()
 
     // Command lines that are refused
     const QString sigFigs = QStringLiteral("--sigfigs must be a whole number from 1 to 13, not ");
-    refused("--sigfigs 0", "convert 1 in m --sigfigs 0", sigFigs + "\"0\".");
-    refused("--sigfigs 14", "convert 1 in m --sigfigs 14", sigFigs + "\"14\".");
-    refused("--sigfigs not whole", "convert 1 in m --sigfigs 2.5", sigFigs + "\"2.5\".");
-    refused("--sigfigs not a number", "convert 1 in m --sigfigs=many", sigFigs + "\"many\".");
+    for (const QString value : { "0", "14", "2.5", "many" })
+        refused(qPrintable("--sigfigs " + value), "convert 1 in m --sigfigs=" + value,
+            sigFigs + '"' + value + "\".");
     refused("--max above 1E+9", "convert 1 in m --max 1.000001e9",
         "--max must be a number no larger than 1E+9, not \"1.000001e9\".");
     refused("--min below 1E-9", "convert 1 in m --min 0.999999e-9",
