@@ -31,15 +31,11 @@ inline CliRun runCli(const QStringList &arguments, const QByteArray &input = QBy
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("/nonexistent-mensura"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(MENSURA_CLI), arguments);
-    CliRun run;
-    if (!process.waitForStarted(10000))
-        return run;
     process.write(input);
     process.closeWriteChannel();
-    if (!process.waitForFinished(60000)) {
-        process.kill();
+    CliRun run;
+    if (!process.waitForFinished(60000))
         return run;
-    }
     run.exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
     run.out = QString::fromUtf8(process.readAllStandardOutput());
     run.err = QString::fromUtf8(process.readAllStandardError());
@@ -48,9 +44,8 @@ inline CliRun runCli(const QStringList &arguments, const QByteArray &input = QBy
 
 // Writes a settings file through the program's own settings store: "settings" values in pairs
 // of name and text and, unless told otherwise, the catalogue the tests share: the built-in one
-// with Luminance switched off, "square inch (in²)" of Area and "milligal (mGal)" of Acceleration
-// switched off,
-// and the user's quantity Reach of "hand-width" (default, exact 0.1), "stride" (0.75, two
+// with Luminance, "square inch (in²)" of Area and "milligal (mGal)" of Acceleration switched
+// off, and the user's quantity Reach of "hand-width" (default, exact 0.1), "stride" (0.75, two
 // figures), "zero" (a factor of 0) and "hidden" (switched off).
 inline void writeHive(const QString &fileName, const QStringList &settings, bool catalogue = true)
 {
@@ -58,22 +53,17 @@ inline void writeHive(const QString &fileName, const QStringList &settings, bool
     SettingsStore store(std::make_unique<HiveFile>(fileName));
     {
         SettingsStore::Batch batch(store);
-        auto write = [&store](const QString &key, const QString &name, const QString &value) {
-            store.RegWriteString(key, name, value);
-        };
-        write("settings", "triads", "1"); // a file, even for no values
+        QStringList values { "settings", "triads", "1" }; // a file, even for no values
         for (qsizetype i = 0; i + 1 < settings.size(); i += 2)
-            write("settings", settings[i], settings[i + 1]);
-        if (catalogue) {
-            write("User\\OnOff\\Luminance", "OnOff", "0");
-            write("User\\OnOff\\Area", "square inch (in²)", "0");
-            write("User\\OnOff\\Acceleration", "milligal (mGal)", "0");
-            write("User\\NewQuans\\Reach", "DefaultUnit", "hand-width");
-            write("User\\Units\\Reach", "hand-width", "c0.1");
-            write("User\\Units\\Reach", "stride", "a0.75");
-            write("User\\Units\\Reach", "zero", "a0");
-            write("User\\Units\\Reach", "hidden", "d2");
-        }
+            values += { "settings", settings[i], settings[i + 1] };
+        if (catalogue)
+            values += { "User\\OnOff\\Luminance", "OnOff", "0", "User\\OnOff\\Area",
+                "square inch (in²)", "0", "User\\OnOff\\Acceleration", "milligal (mGal)", "0",
+                "User\\NewQuans\\Reach", "DefaultUnit", "hand-width", "User\\Units\\Reach",
+                "hand-width", "c0.1", "User\\Units\\Reach", "stride", "a0.75", "User\\Units\\Reach",
+                "zero", "a0", "User\\Units\\Reach", "hidden", "d2" };
+        for (qsizetype i = 0; i + 2 < values.size(); i += 3)
+            store.RegWriteString(values[i], values[i + 1], values[i + 2]);
     }
     QVERIFY2(store.close() && !store.saveFailed(), qPrintable(store.errorText()));
 }

@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // The files that save_helper saves over and over and tst_KillDuringSave expects to find whole:
-// a large hive and a large conversions file. Every value and record of generation g names g, so
-// a file mixing two saves cannot pass for one.
+// a large hive and a large conversions file, each named by its kind. Every value and record of
+// generation g names g, so a file mixing two saves cannot pass for one.
 #pragma once
 
 #include "records/ConversionsFile.h"
@@ -18,34 +18,18 @@
 namespace SaveHelperFiles
 {
 
-struct Kind {
-    const char *word; // names the file on the helper's output lines
-    const char *fileName;
-};
-
-inline const QList<Kind> &kinds()
-{
-    static const QList<Kind> all {
-        { "hive", "registry.reg" },
-        { "conversions", "conversions.txt" },
-    };
-    return all;
-}
-
+inline const QByteArrayList Kinds { "hive", "conversions" };
 inline const QString SettingsKey = QStringLiteral("Software\\Mensura\\settings");
-inline const QString GenerationName = QStringLiteral("generation");
 
 inline void fill(HiveFile &hive, int generation)
 {
-    hive.setValue(SettingsKey, GenerationName, QString::number(generation));
-    for (int k = 0; k < 1000; ++k) {
-        const QString key
-            = QStringLiteral("Software\\Mensura\\User\\Units\\Quantity %1").arg(k % 200);
-        // Lengths vary from one generation to the next, so a torn file also differs in size.
-        hive.setValue(key, QStringLiteral("unit %1").arg(k),
+    hive.setValue(SettingsKey, QStringLiteral("generation"), QString::number(generation));
+    // Lengths vary from one generation to the next, so a torn file also differs in size.
+    for (int k = 0; k < 1000; ++k)
+        hive.setValue(QStringLiteral("Software\\Mensura\\User\\Units\\Quantity %1").arg(k % 200),
+            QStringLiteral("unit %1").arg(k),
             QStringLiteral("g%1 k%2 ").arg(generation).arg(k)
-                + QString((generation + k) % 23, u'\u00b5'));
-    }
+                + QString((generation + k) % 23, u'µ'));
 }
 
 // Odd generations hold a character outside code page 1252, so the file alternates between
@@ -53,7 +37,7 @@ inline void fill(HiveFile &hive, int generation)
 inline QList<MarkedConversion> records(int generation)
 {
     QList<MarkedConversion> list;
-    const QString mark = generation % 2 ? QStringLiteral("\u03a9") : QStringLiteral("\u00b5");
+    const QString mark = generation % 2 ? QStringLiteral("Ω") : QStringLiteral("µ");
     for (int k = 0; k < 400; ++k)
         list.append({ QStringLiteral("g%1").arg(generation), QStringLiteral("unit %1").arg(k),
             QStringLiteral("%1.%2").arg(k).arg(generation), mark + QString(k % 7, u'x'),
@@ -62,9 +46,9 @@ inline QList<MarkedConversion> records(int generation)
 }
 
 // What a file of this kind holds after the save of a generation, byte for byte.
-inline QByteArray expectedBytes(const Kind &kind, int generation)
+inline QByteArray expectedBytes(const QByteArray &kind, int generation)
 {
-    if (qstrcmp(kind.word, "conversions") == 0)
+    if (kind == "conversions")
         return ConversionsFile::encode(ConversionsFile::recordsText(records(generation)));
     HiveFile hive(QStringLiteral("/dev/null/none.reg"), true);
     fill(hive, generation);
@@ -72,18 +56,18 @@ inline QByteArray expectedBytes(const Kind &kind, int generation)
 }
 
 // The generation a file holds, read back through its reader; nothing when it does not read.
-inline std::optional<int> generationIn(const Kind &kind, const QString &path)
+inline std::optional<int> generationIn(const QByteArray &kind, const QString &path)
 {
-    if (qstrcmp(kind.word, "conversions") == 0) {
+    if (kind == "conversions") {
         const ConversionsReader::Result read = ConversionsReader::readFile(path);
         if (read.status != ConversionsReader::Finished || read.records.isEmpty())
             return std::nullopt;
         return read.records.first().fromValue.mid(1).toInt();
     }
-    HiveFile hive(path, true);
+    const HiveFile hive(path, true);
     if (hive.damaged())
         return std::nullopt;
-    return hive.value(SettingsKey, GenerationName).value_or(QString()).toInt();
+    return hive.value(SettingsKey, QStringLiteral("generation")).value_or(QString()).toInt();
 }
 
 } // namespace SaveHelperFiles

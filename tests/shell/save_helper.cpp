@@ -11,49 +11,31 @@
 #include <cstdio>
 #include <QElapsedTimer>
 
-namespace
-{
-
-bool save(const SaveHelperFiles::Kind &kind, const QDir &folder, HiveFile &hive, int generation)
-{
-    std::printf("saving %s %d\n", kind.word, generation);
-    std::fflush(stdout);
-    bool saved;
-    if (qstrcmp(kind.word, "conversions") == 0)
-        saved = ConversionsFile::saveRecords(folder.filePath(QString::fromLatin1(kind.fileName)),
-            SaveHelperFiles::records(generation))
-                    .ok();
-    else
-        saved = hive.flush();
-    if (!saved)
-        return false;
-    std::printf("committed %s %d\n", kind.word, generation);
-    std::fflush(stdout);
-    return true;
-}
-
-} // namespace
-
 int main(int argc, char *argv[])
 {
     if (argc != 2)
         return 2;
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    HiveFile hive(folder.filePath(QStringLiteral("registry.reg")));
+    HiveFile hive(folder.filePath(QStringLiteral("hive")));
     if (hive.damaged())
         return 3;
-    int generation = hive.value(SaveHelperFiles::SettingsKey, SaveHelperFiles::GenerationName)
-                         .value_or(QString())
-                         .toInt();
+    int generation = *SaveHelperFiles::generationIn("hive", hive.fileName());
     // Never outlives a test that died.
     QElapsedTimer running;
     running.start();
     while (running.elapsed() < 10000) {
-        ++generation;
-        SaveHelperFiles::fill(hive, generation);
-        for (const SaveHelperFiles::Kind &kind : SaveHelperFiles::kinds())
-            if (!save(kind, folder, hive, generation))
+        SaveHelperFiles::fill(hive, ++generation);
+        for (const QByteArray &kind : SaveHelperFiles::Kinds) {
+            std::printf("saving %s %d\n", kind.constData(), generation);
+            std::fflush(stdout);
+            if (kind == "conversions" ? !ConversionsFile::saveRecords(
+                    folder.filePath("conversions"), SaveHelperFiles::records(generation))
+                                             .ok()
+                                      : !hive.flush())
                 return 1;
+            std::printf("committed %s %d\n", kind.constData(), generation);
+            std::fflush(stdout);
+        }
     }
     return 0;
 }

@@ -10,20 +10,12 @@
 #include "shell/SettingsStore.h"
 
 #include <QFile>
+#include <QStringEncoder>
 #include <QTemporaryDir>
 #include <QTest>
 
 static const QString SettingsKey = QStringLiteral("Software\\Mensura\\settings");
 static const QString Nul(QChar(0));
-
-// A text as regedit exports it: UTF-16, little-endian, behind its byte-order mark.
-static QByteArray utf16(const QString &text)
-{
-    QByteArray bytes("\xff\xfe");
-    for (const QChar c : text)
-        bytes += char(c.unicode() & 0xff), bytes += char(c.unicode() >> 8);
-    return bytes;
-}
 
 class tst_SettingsStore : public QObject
 {
@@ -141,7 +133,8 @@ void tst_SettingsStore::readsARegistryExport_data()
                          "\"note\"=hex(1):61,00,0a,00,\\\r\n  62,00,00,00\r\n"
                          "\"count\"=dword:0000001a\r\n"
                          "@=\"default\"\r\n");
-    QTest::newRow("UTF-16 as regedit exports") << utf16(text);
+    QTest::newRow("UTF-16 as regedit exports") << QByteArray(
+        QStringEncoder(QStringEncoder::Utf16LE, QStringEncoder::Flag::WriteBom).encode(text));
     QTest::newRow("UTF-8") << text.toUtf8();
     QTest::newRow("UTF-8 with byte-order mark") << QByteArray("\xef\xbb\xbf") + text.toUtf8();
     QTest::newRow("LF line ends") << text.toUtf8().replace("\r\n", "\n");

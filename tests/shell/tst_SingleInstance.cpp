@@ -8,6 +8,7 @@
 // minimised state.
 #include "shell/SettingsStore.h"
 #include "shell/SingleInstance.h"
+#include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
@@ -28,44 +29,42 @@ private slots:
     void minimisedWindowComesBack();
 };
 
+struct SecondCopy {
+    const char *row;
+    const char *hive; // the second copy's: "same", "other" or "link"
+    const char *display;
+    bool firstKilled;
+    bool handsOver;
+};
+Q_DECLARE_METATYPE(SecondCopy)
+
 void tst_SingleInstance::secondProgram_data()
 {
-    QTest::addColumn<QString>("hive"); // the second copy's: "same", "other" or "link"
-    QTest::addColumn<QString>("display");
-    QTest::addColumn<bool>("firstKilled");
-    QTest::addColumn<bool>("handsOver");
-    QTest::newRow("same settings on the same display hands over") << "same"
-                                                                  << ":42" << false << true;
-    QTest::newRow("same display, screen named, hands over") << "same"
-                                                            << ":42.0" << false << true;
-    QTest::newRow("same settings file by another path hands over") << "link"
-                                                                   << ":42" << false << true;
-    QTest::newRow("other settings file runs on its own") << "other"
-                                                         << ":42" << false << false;
-    QTest::newRow("other display runs on its own") << "same"
-                                                   << ":43" << false << false;
-    QTest::newRow("the socket of a copy killed outright is taken over") << "same"
-                                                                        << ":42" << true << false;
+    addRows<SecondCopy>({
+        { "same settings on the same display hands over", "same", ":42", false, true },
+        { "same display, screen named, hands over", "same", ":42.0", false, true },
+        { "same settings file by another path hands over", "link", ":42", false, true },
+        { "other settings file runs on its own", "other", ":42", false, false },
+        { "other display runs on its own", "same", ":43", false, false },
+        { "the socket of a copy killed outright is taken over", "same", ":42", true, false },
+    });
 }
 
 void tst_SingleInstance::secondProgram()
 {
-    QFETCH(QString, hive);
-    QFETCH(QString, display);
-    QFETCH(bool, firstKilled);
-    QFETCH(bool, handsOver);
+    QFETCH(SecondCopy, row);
     const QString program = qEnvironmentVariable("MENSURA_PROGRAM");
     if (program.isEmpty())
         QSKIP("MENSURA_PROGRAM names no program to start");
-    TestHive firstHive;
-    TestHive otherHive;
-    firstHive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
+    TestHive firstHive, otherHive;
+    firstHive.writeSetting("StartOnce", "1");
     QTemporaryDir folder;
-    const QString link = folder.filePath(QStringLiteral("link.reg"));
+    const QString link = folder.filePath("link.reg");
     QVERIFY(QFile::link(firstHive.path(), link));
-    const QString secondHive = hive == u"same" ? firstHive.path()
-        : hive == u"link"                      ? link
-                                               : otherHive.path();
+    const QString hive(row.hive);
+    const QString secondHive = hive == "same" ? firstHive.path()
+        : hive == "link"                      ? link
+                                              : otherHive.path();
 
     // The copies meet under the name a program computes from its own environment.
     struct Copy {
@@ -74,11 +73,11 @@ void tst_SingleInstance::secondProgram()
     };
     const auto start = [&program](Copy &copy, const QString &hivePath, const QString &display) {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("MENSURA_INSTANCE"));
-        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-        environment.insert(QStringLiteral("DISPLAY"), display);
-        const QStringList arguments { QStringLiteral("--hive"), hivePath };
+        environment.remove("MENSURA_INSTANCE");
+        environment.remove("WAYLAND_DISPLAY");
+        environment.insert("QT_QPA_PLATFORM", "offscreen");
+        environment.insert("DISPLAY", display);
+        const QStringList arguments { "--hive", hivePath };
         qputenv("DISPLAY", display.toLocal8Bit());
         copy.serverName = SingleInstance::defaultServerName(SettingsStore::location(arguments));
         copy.process.setProcessEnvironment(environment);
@@ -92,30 +91,29 @@ void tst_SingleInstance::secondProgram()
     };
     qunsetenv("MENSURA_INSTANCE");
     qunsetenv("WAYLAND_DISPLAY");
-    Copy first;
-    QVERIFY(start(first, firstHive.path(), QStringLiteral(":42")));
+    Copy first, second, third;
+    QVERIFY(start(first, firstHive.path(), ":42"));
     QTRY_VERIFY_WITH_TIMEOUT(listening(first), 10000);
-    if (firstKilled) {
+    if (row.firstKilled) {
         first.process.kill();
         QVERIFY(first.process.waitForFinished());
     }
 
     // A copy that hands over ends at once, and so does the next one.
-    Copy second, third;
     for (Copy *later : { &second, &third }) {
-        QVERIFY(start(*later, secondHive, display));
-        if (!handsOver)
+        QVERIFY(start(*later, secondHive, row.display));
+        if (!row.handsOver)
             break;
         QVERIFY(later->process.waitForFinished(10000));
         QCOMPARE(later->process.exitStatus(), QProcess::NormalExit);
         QCOMPARE(later->process.exitCode(), 0);
     }
-    if (!handsOver) {
+    if (!row.handsOver) {
         // It listens for copies of its own, and stays.
         QTRY_VERIFY_WITH_TIMEOUT(listening(second), 10000);
         QVERIFY(!second.process.waitForFinished(500));
     }
-    QCOMPARE(first.process.state(), firstKilled ? QProcess::NotRunning : QProcess::Running);
+    QCOMPARE(first.process.state(), row.firstKilled ? QProcess::NotRunning : QProcess::Running);
     for (Copy *copy : { &first, &second }) {
         copy->process.kill();
         copy->process.waitForFinished();
@@ -126,8 +124,8 @@ void tst_SingleInstance::secondProgram()
 void tst_SingleInstance::minimisedWindowComesBack()
 {
     TestHive hive;
-    hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    hive.writeSetting(QStringLiteral("minonce"), QStringLiteral("1")); // where there is a tray
+    hive.writeSetting("StartOnce", "1");
+    hive.writeSetting("minonce", "1"); // where there is a tray
     ScriptedDialogs dialogs;
     TestProgram first(hive, dialogs);
     QVERIFY(first.start());

@@ -7,6 +7,7 @@
 // first run opens, and the program's icons.
 #include "catalogue/StringTable.h"
 #include "main/AppIcons.h"
+#include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
@@ -22,75 +23,63 @@ private slots:
     void startUp_data();
     void startUp();
     void unwritableHiveIsReportedOnce();
-
-private:
-    static QByteArray hiveBytes(const std::function<void(TestHive &)> &fill);
 };
 
-QByteArray tst_Startup::hiveBytes(const std::function<void(TestHive &)> &fill)
-{
-    TestHive hive;
-    fill(hive);
-    QFile file(hive.path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
+struct StartRow {
+    const char *row;
+    std::function<void(TestHive &)> fill; // none: the first run, no hive file yet
+    QStringList tabs; // in this order among the tabs, the current one first
+    QStringList messages; // each message in order: texts it holds, "|" between
+    QString setting;
+    QString value; // the setting once read
+};
+Q_DECLARE_METATYPE(StartRow)
 
 void tst_Startup::startUp_data()
 {
-    QTest::addColumn<QByteArray>("hive"); // null: no hive file yet
-    QTest::addColumn<QStringList>("tabs"); // in this order among the tabs, the current one first
-    QTest::addColumn<QStringList>("messages"); // each message in order: texts it holds, "|" between
-    QTest::addColumn<QString>("setting");
-    QTest::addColumn<QString>("value"); // the setting once read
     const QString temperature = StringTable::text(3000);
-    QTest::newRow("first run") << QByteArray() << QStringList { "Length", "Mass", temperature }
-                               << QStringList() << "numericformatting"
-                               << "7";
-    QTest::newRow("quantities of the user's own, one switched off")
-        << hiveBytes([](TestHive &hive) {
-               hive.writeSetting("StartOnce", "1");
-               hive.writeSetting("currphysquan", "beta");
-               for (const char *name : { "gamma", "Alpha", "beta", "Delta" })
-                   hive.addQuantity(name, { { "unit", "x1" } });
-               hive.write("User\\NewQuans\\Delta", "OnOff", "0");
-           })
-        << QStringList { "beta", "Alpha", "gamma", temperature } << QStringList() << "currphysquan"
-        << "beta";
-    QTest::newRow("settings that are no numbers")
-        << hiveBytes([&](TestHive &hive) {
-               hive.writeSetting("StartOnce", "1");
-               hive.writeSetting("confirm", "maybe");
-               hive.writeSetting("numericformatting", "seven");
-               hive.write("User\\OnOff\\" + temperature, "OnOff", "yes");
-           })
-        << QStringList { "Length", temperature }
-        << QStringList { "Error # 13\n|\"yes\"", "Error # 13\n|\"maybe\" is stored for \"confirm\"",
-               "Error # 13\n|\"seven\" is stored for \"numericformatting\"" }
-        << "confirm"
-        << "1";
-    QTest::newRow("damaged hive")
-        << QByteArray("Windows Registry Editor Version 5.00\n\n"
-                      "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\n\"StartOnce\"=\"1\"\n"
-                      "this line makes no sense\n\"tabs\"=\"1\"\n")
-        << QStringList { "Length" }
-        << QStringList { "is damaged and could not be read|registry.reg.bad" } << "tabs"
-        << "1";
+    addRows<StartRow>({
+        { "first run", {}, { "Length", "Mass", temperature }, {}, "numericformatting", "7" },
+        { "quantities of the user's own, one switched off",
+            [](TestHive &hive) {
+                hive.writeSetting("StartOnce", "1");
+                hive.writeSetting("currphysquan", "beta");
+                for (const char *name : { "gamma", "Alpha", "beta", "Delta" })
+                    hive.addQuantity(name, { { "unit", "x1" } });
+                hive.write("User\\NewQuans\\Delta", "OnOff", "0");
+            },
+            { "beta", "Alpha", "gamma", temperature }, {}, "currphysquan", "beta" },
+        { "settings that are no numbers",
+            [=](TestHive &hive) {
+                hive.writeSetting("StartOnce", "1");
+                hive.writeSetting("confirm", "maybe");
+                hive.writeSetting("numericformatting", "seven");
+                hive.write("User\\OnOff\\" + temperature, "OnOff", "yes");
+            },
+            { "Length", temperature },
+            { "Error # 13\n|\"yes\"", "Error # 13\n|\"maybe\" is stored for \"confirm\"",
+                "Error # 13\n|\"seven\" is stored for \"numericformatting\"" },
+            "confirm", "1" },
+        { "damaged hive",
+            [](TestHive &hive) {
+                QFile file(hive.path());
+                QVERIFY(file.open(QIODevice::WriteOnly));
+                file.write("Windows Registry Editor Version 5.00\n\n"
+                           "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\n\"StartOnce\"=\"1\"\n"
+                           "this line makes no sense\n\"tabs\"=\"1\"\n");
+            },
+            { "Length" }, { "is damaged and could not be read|registry.reg.bad" }, "tabs", "1" },
+    });
 }
 
 void tst_Startup::startUp()
 {
-    QFETCH(QByteArray, hive);
-    QFETCH(QStringList, tabs);
-    QFETCH(QStringList, messages);
-    QFETCH(QString, setting);
-    QFETCH(QString, value);
+    QFETCH(StartRow, row);
+    const QStringList &messages = row.messages;
     TestHive testHive;
     ScriptedDialogs dialogs;
-    if (!hive.isNull()) {
-        QFile file(testHive.path());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(hive);
-    }
+    if (row.fill)
+        row.fill(testHive);
     for (int i = 0; i < messages.size(); ++i)
         dialogs.expectMessage();
     auto program = std::make_unique<TestProgram>(testHive, dialogs);
@@ -107,8 +96,8 @@ void tst_Startup::startUp()
     QStringList names;
     for (int i = 0; i < tabBar->count(); ++i)
         names.append(tabBar->tabText(i));
-    QCOMPARE(tabBar->tabText(tabBar->currentIndex()), tabs.first());
-    QStringList ordered = tabs;
+    QCOMPARE(tabBar->tabText(tabBar->currentIndex()), row.tabs.first());
+    QStringList ordered = row.tabs;
     std::sort(ordered.begin(), ordered.end(),
         [](const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) < 0; });
     for (int i = 1; i < ordered.size(); ++i)
@@ -119,11 +108,11 @@ void tst_Startup::startUp()
         enabled += catalogue.Quantities.at(q).enabled();
     QCOMPARE(names.size(), enabled);
     QVERIFY(!names.contains("Delta"));
-    QCOMPARE(program->startup().settings().storedText(setting), value);
+    QCOMPARE(program->startup().settings().storedText(row.setting), row.value);
 
     // Only the very first run opens the help, and only once.
     QWidget *help = program->startup().firstRunHelp();
-    QCOMPARE(bool(help), hive.isNull());
+    QCOMPARE(bool(help), !row.fill);
     if (help) {
         QVERIFY(QTest::qWaitForWindowExposed(help));
         QCOMPARE(help->windowTitle(), StringTable::text(5620));
@@ -134,11 +123,9 @@ void tst_Startup::startUp()
             for (const int extent : { 16, 32, 48 }) {
                 const QImage image = icon.pixmap(QSize(extent, extent)).toImage();
                 QCOMPARE(image.width(), extent);
-                bool drawn = false;
-                for (int y = 0; y < extent && !drawn; ++y)
-                    for (int x = 0; x < extent && !drawn; ++x)
-                        drawn = qAlpha(image.pixel(x, y)) > 0;
-                QVERIFY(drawn);
+                QImage blank(image.size(), image.format());
+                blank.fill(Qt::transparent);
+                QVERIFY(image != blank);
             }
         }
         program = std::make_unique<TestProgram>(testHive, dialogs);
