@@ -6,19 +6,9 @@
 
 static const char *kindName(ScriptedDialogs::Kind kind)
 {
-    switch (kind) {
-    case ScriptedDialogs::Message:
-        return "message";
-    case ScriptedDialogs::Question:
-        return "question";
-    case ScriptedDialogs::Input:
-        return "input box";
-    case ScriptedDialogs::OpenFile:
-        return "open-file dialog";
-    case ScriptedDialogs::SaveFile:
-        return "save-file dialog";
-    }
-    return "dialog";
+    static const char *const names[]
+        = { "message", "question", "input box", "open-file dialog", "save-file dialog" };
+    return names[kind];
 }
 
 void ScriptedDialogs::expectMessage()
@@ -77,10 +67,7 @@ std::optional<ScriptedDialogs::Step> ScriptedDialogs::take(Kind kind, const QStr
 
 void ScriptedDialogs::message(QWidget *, const Notice &notice)
 {
-    Asked asked;
-    asked.kind = Message;
-    asked.notice = notice;
-    m_asked.append(asked);
+    m_asked.append({ Message, notice, YesNo, Ok, {}, {}, {}, {}, {}, {} });
     if (m_allowMessages && (m_script.isEmpty() || m_script.constFirst().kind != Message))
         return;
     take(Message, notice.text);
@@ -89,12 +76,7 @@ void ScriptedDialogs::message(QWidget *, const Notice &notice)
 Dialogs::Answer ScriptedDialogs::question(
     QWidget *, const Notice &notice, Buttons buttons, Answer defaultAnswer)
 {
-    Asked asked;
-    asked.kind = Question;
-    asked.notice = notice;
-    asked.buttons = buttons;
-    asked.defaultAnswer = defaultAnswer;
-    m_asked.append(asked);
+    m_asked.append({ Question, notice, buttons, defaultAnswer, {}, {}, {}, {}, {}, {} });
     const std::optional<Step> step = take(Question, notice.text);
     if (!step)
         return buttons == YesNoCancel ? Cancel : No;
@@ -104,22 +86,14 @@ Dialogs::Answer ScriptedDialogs::question(
 std::optional<QString> ScriptedDialogs::input(
     QWidget *, const QString &prompt, const QString &title, const QString &defaultText)
 {
-    Asked asked;
-    asked.kind = Input;
-    asked.prompt = prompt;
-    asked.title = title;
-    asked.defaultText = defaultText;
-    m_asked.append(asked);
+    m_asked.append({ Input, {}, YesNo, Ok, prompt, title, defaultText, {}, {}, {} });
     const std::optional<Step> step = take(Input, prompt);
     return step ? step->text : std::nullopt;
 }
 
 QString ScriptedDialogs::openFileName(QWidget *, const QString &filter)
 {
-    Asked asked;
-    asked.kind = OpenFile;
-    asked.filter = filter;
-    m_asked.append(asked);
+    m_asked.append({ OpenFile, {}, YesNo, Ok, {}, {}, {}, filter, {}, {} });
     const std::optional<Step> step = take(OpenFile, filter);
     return step ? step->text.value_or(QString()) : QString();
 }
@@ -127,12 +101,7 @@ QString ScriptedDialogs::openFileName(QWidget *, const QString &filter)
 QString ScriptedDialogs::saveFileName(
     QWidget *, const QString &filter, const QString &defaultName, const QString &defaultSuffix)
 {
-    Asked asked;
-    asked.kind = SaveFile;
-    asked.filter = filter;
-    asked.defaultName = defaultName;
-    asked.defaultSuffix = defaultSuffix;
-    m_asked.append(asked);
+    m_asked.append({ SaveFile, {}, YesNo, Ok, {}, {}, {}, filter, defaultName, defaultSuffix });
     const std::optional<Step> step = take(SaveFile, filter);
     return step ? step->text.value_or(QString()) : QString();
 }
