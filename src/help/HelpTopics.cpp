@@ -60,10 +60,3 @@ QUrl HelpTopics::baseUrl()
 {
     return QUrl(QStringLiteral("qrc:/help/"));
 }
-
-bool HelpTopics::isHelpAddress(const QUrl &url)
-{
-    const QUrl absolute = url.isRelative() ? baseUrl().resolved(url) : url;
-    return absolute.scheme() == QLatin1String("qrc")
-        && absolute.path().startsWith(baseUrl().path());
-}

@@ -37,8 +37,4 @@ public:
     static QUrl contentsUrl();
     // The folder the topics live in, as an address ("qrc:/help/").
     static QUrl baseUrl();
-
-    // True for an address inside the help (a topic, possibly with an anchor); false for an
-    // address that leaves it (web pages, mail).
-    static bool isHelpAddress(const QUrl &url);
 };

@@ -186,12 +186,10 @@ void tst_HelpWindow::contextOpensItsTopic()
 
 void tst_HelpWindow::everyTopicHasAContextAndIsInTheContents()
 {
-    const QList<int> contexts = HelpTopics::contexts();
-    QCOMPARE(contexts, QList<int>({ 10, 11, 12, 13, 24, 27, 40, 100, 105 }));
     const QStringList contents = hrefs(topicText(QStringLiteral("index.html")));
     QStringList files = topicFiles();
     files.removeOne(QStringLiteral("index.html"));
-    for (int context : contexts) {
+    for (int context : HelpTopics::contexts()) {
         QVERIFY2(contents.contains(HelpTopics::topicFile(context)),
             qPrintable(QString::number(context)));
         files.removeOne(HelpTopics::topicFile(context));
@@ -214,7 +212,7 @@ void tst_HelpWindow::everyLinkLeadsToATopicOrOutside()
     const QUrl page = HelpTopics::baseUrl().resolved(QUrl(file));
     for (const QString &href : hrefs(html)) {
         const QUrl target = page.resolved(QUrl(href));
-        if (!HelpTopics::isHelpAddress(target)) {
+        if (target.scheme() != QLatin1String("qrc")) {
             const QString scheme = target.scheme();
             QVERIFY2(scheme == "mailto" || (scheme.startsWith("http") && !target.host().isEmpty()),
                 qPrintable(href));
@@ -331,11 +329,11 @@ void tst_HelpWindow::usableBesideADialog_data()
 {
     QTest::addColumn<QString>("command");
     QTest::addColumn<QString>("helpButton"); // empty: the help is opened before the dialog
-    QTest::newRow("options dialog, its tutorial button") << "mnufilesetopt"
-                                                         << "cmdTutorial";
-    QTest::newRow("find dialog, its help button") << "mnuRecordsFind"
-                                                  << "cmdHelp";
-    QTest::newRow("About window, help opened before it") << "mnuhelpabout" << QString();
+    for (const auto &[row, command, button] :
+        { std::tuple { "options dialog, its tutorial button", "mnufilesetopt", "cmdTutorial" },
+            { "find dialog, its help button", "mnuRecordsFind", "cmdHelp" },
+            { "About window, help opened before it", "mnuhelpabout", "" } })
+        QTest::newRow(row) << QString::fromLatin1(command) << QString::fromLatin1(button);
 }
 
 // The help is clicked through the window system, where a window blocked by a modal dialog gets

@@ -165,14 +165,10 @@ void tst_CatalogueEditor::newQuantityName_data()
         { "blanks only", none, "   ", message(5250) },
         { "a backslash", none, "Speed\\Fast", message(5251) },
         { "a line break", none, "Speed\nFast", message(5252) },
-        { "a tab", none, "Speed\tFast", message(5252) },
         { "a delete character", none, "Speed\x7f", message(5252) },
         { "the last control character", none, "Speed\x1f", message(5252) },
         { "256 characters", none, QString(256, u'q'), message(5253) },
         { "255 characters", none, QString(255, u'q'), {} },
-        { "quotes, brackets, a tilde and an equals sign", none, "He said \"x\" [a]=b~", {} },
-        { "leading and trailing blanks", none, " Speed ", {} },
-        { "a non-Latin script", none, "Скорость 速度", {} },
     });
 }
 
@@ -424,13 +420,12 @@ void tst_CatalogueEditor::findProblem()
 void tst_CatalogueEditor::specialNamesSurviveTheStore_data()
 {
     addRows<NamesRow>({
-        { "quotes", "The \"quoted\" one", "\"inch\"" },
+        { "quotes and a tilde", "He said \"x\"~", "\"inch\"" },
         { "a backslash in a unit name", "Slashes", "back\\slash\\" },
         { "brackets and equals signs", "[Bracketed]=", "]odd[=c=" },
         { "leading and trailing blanks", " Padded ", "  unit  " },
         { "a semicolon and an at sign", ";comment-like", "@" },
         { "the longest names", QString(255, u'L'), QString(40, u'u') },
-        { "non-Latin scripts", "Длина 長さ", "aršin ℓ 尺" },
         { "characters beyond the basic plane", "Emoji 📏", "ruler 𝔐" },
     });
 }
@@ -472,10 +467,8 @@ void tst_CatalogueEditor::commitRewritesTheWholeKeyInOneSave_data()
 {
     QTest::addColumn<bool>("trayHintShown");
     QTest::addColumn<bool>("firstRunHelpShown");
-    QTest::newRow("no hint shown") << false << false;
     QTest::newRow("the tray hint shown") << true << false;
     QTest::newRow("the first-run help shown") << false << true;
-    QTest::newRow("both shown") << true << true;
 }
 
 void tst_CatalogueEditor::commitRewritesTheWholeKeyInOneSave()

@@ -33,7 +33,6 @@ private Q_SLOTS:
 
 private:
     QStringList tabs() const;
-    QString currentTab() const;
     void clickUnit(const char *list, const QString &unit);
 
     OptionsFixture f;
@@ -59,12 +58,6 @@ QStringList tst_OptionsFromMainWindow::tabs() const
     for (int i = 0; i < bar->count(); ++i)
         names.append(bar->tabText(i));
     return names;
-}
-
-QString tst_OptionsFromMainWindow::currentTab() const
-{
-    auto *bar = f.program->find<QuantityTabBar *>("tabMain");
-    return bar->tabText(bar->currentIndex());
 }
 
 void tst_OptionsFromMainWindow::clickUnit(const char *name, const QString &unit)
@@ -131,9 +124,9 @@ void tst_OptionsFromMainWindow::okPutsTheCatalogueIntoUse()
     }));
     QVERIFY(f.dialogs.scriptDone());
     for (int run = 1; run <= 2; ++run) {
-        QVERIFY(!tabs().contains(temperature));
-        QCOMPARE(currentTab(), OptionsFixture::Widgets);
-        QVERIFY(!f.program->find<QuantityTabBar *>("tabMain")->buttonStyle());
+        auto *bar = f.program->find<QuantityTabBar *>("tabMain");
+        QVERIFY(!tabs().contains(temperature) && !bar->buttonStyle());
+        QCOMPARE(bar->tabText(bar->currentIndex()), OptionsFixture::Widgets);
         QVERIFY(f.program->find<StatusPanel *>("StatusBarPanel4")->isPanelEnabled());
         QLineEdit *value = f.program->find<QComboBox *>("txtLeft")->lineEdit();
         value->selectAll();

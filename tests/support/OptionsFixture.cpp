@@ -20,10 +20,7 @@ void OptionsFixture::reset()
     close();
     hive = std::make_unique<TestHive>();
     hive->writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    hive->addQuantity(Widgets,
-        { { QStringLiteral("widget"), QStringLiteral("x1") },
-            { QStringLiteral("gadget"), QStringLiteral("2.5") },
-            { QStringLiteral("sprocket"), QStringLiteral("0.35") } });
+    hive->addQuantity(Widgets, { { "widget", "x1" }, { "gadget", "2.5" }, { "sprocket", "0.35" } });
     auto counting = std::make_unique<CountingHive>(hive->path());
     m_counter = counting.get();
     store = std::make_unique<SettingsStore>(std::move(counting));
@@ -112,15 +109,6 @@ QTreeWidgetItem *OptionsFixture::node(const QString &key) const
     return nullptr;
 }
 
-QTreeWidgetItem *OptionsFixture::unitNode(const QString &quantity, const QString &unit) const
-{
-    QTreeWidgetItem *parent = node(u'p' + quantity);
-    for (int i = 0; parent && i < parent->childCount(); ++i)
-        if (parent->child(i)->text(0) == unit)
-            return parent->child(i);
-    return nullptr;
-}
-
 void OptionsFixture::select(QTreeWidgetItem *node)
 {
     QVERIFY(node);
@@ -131,15 +119,6 @@ QString OptionsFixture::currentKey() const
 {
     QTreeWidgetItem *item = control<QTreeWidget>("treeMain")->currentItem();
     return item ? item->data(0, frmSetOpt::KeyRole).toString() : QString();
-}
-
-QStringList OptionsFixture::childKeys(QTreeWidgetItem *node) const
-{
-    QStringList keys;
-    for (int i = 0; node && i < node->childCount(); ++i)
-        keys.append(node->child(i)->data(0, frmSetOpt::KeyRole).toString());
-    keys.sort();
-    return keys;
 }
 
 void OptionsFixture::answer(const QStringList &inputs)

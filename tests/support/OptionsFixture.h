@@ -1,13 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// What the tests of the options dialog share: a hive of their own holding one quantity of the
-// user's ("Widgets": widget, its exact default unit, gadget 2.5 and sprocket 0.35), the program's
-// catalogue and settings loaded from it as start-up loads them, scripted answers to the dialog's
-// questions, and the dialog with its controls and tree nodes found by name. The dialog is opened
-// here (shown, not run modally, so that the test keeps control), or it is the one the main window
-// opened (attach) when the test runs the whole program on the hive. Messages are recorded and
-// answered without a script step.
+// What the tests of the options dialog share: a hive holding one quantity of the user's
+// ("Widgets": widget, its exact default unit, gadget 2.5 and sprocket 0.35), the catalogue and
+// settings loaded from it as start-up loads them, scripted answers to the dialog's questions
+// (messages need no script step), and the dialog with its controls and tree nodes found by name:
+// opened here, shown but not modal, or opened by the main window of the program run on the hive.
 #pragma once
 
 #include "catalogue/Catalogue.h"
@@ -58,24 +56,21 @@ public:
     // Types into a text box in place of its text, then moves the focus on as leaving it does.
     void type(const char *box, const QString &text);
 
-    // Tree nodes by key ("root", "pWidgets", "u44 2"), or a unit's by its name and its quantity's;
-    // nullptr when there is none.
+    // A tree node by key ("root", "pWidgets", "u44 2"); nullptr when there is none.
     QTreeWidgetItem *node(const QString &key) const;
-    QTreeWidgetItem *unitNode(const QString &quantity, const QString &unit) const;
     void select(QTreeWidgetItem *node);
     QString currentKey() const;
     QString icon(QTreeWidgetItem *node) const
     {
         return node ? node->data(0, frmSetOpt::IconKeyRole).toString() : QString();
     }
-    // The keys of a node's children, sorted.
-    QStringList childKeys(QTreeWidgetItem *node) const;
     // The number of the user's quantity, and the key of its unit node j.
     int widgets() const { return catalogue.findQuantity(Widgets); }
     QString widgetsUnit(int j) const { return QStringLiteral("u%1 %2").arg(widgets()).arg(j); }
 
     // The next input boxes are answered with these texts.
     void answer(const QStringList &inputs);
+    // What was asked of that kind, and the notices of the messages and of the questions.
     QList<ScriptedDialogs::Asked> asked(ScriptedDialogs::Kind kind) const;
     QList<Notice> notices(ScriptedDialogs::Kind kind) const;
     QList<Notice> messages() const { return notices(ScriptedDialogs::Message); }
