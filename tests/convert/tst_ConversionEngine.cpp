@@ -70,9 +70,7 @@ void tst_ConversionEngine::init()
 
 void tst_ConversionEngine::convert_data()
 {
-    QTest::addColumn<QStringList>("fields");
-    for (QStringList f : readTestTable(QStringLiteral(TEST_DATA_DIR "/conversions.tsv"), 8))
-        QTest::newRow(qPrintable(f.takeFirst())) << f;
+    addTestTableRows("conversions.tsv", 8);
 }
 
 void tst_ConversionEngine::convert()

@@ -17,17 +17,13 @@ private Q_SLOTS:
 
 void tst_NumberFilter::filter_data()
 {
-    QTest::addColumn<QString>("pasted");
-    QTest::addColumn<QString>("entered");
-    for (const QStringList &f : readTestTable(QStringLiteral(TEST_DATA_DIR "/pasted_texts.tsv"), 3))
-        QTest::newRow(qPrintable(f[0])) << f[1] << f[2];
+    addTestTableRows("pasted_texts.tsv", 3);
 }
 
 void tst_NumberFilter::filter()
 {
-    QFETCH(QString, pasted);
-    QFETCH(QString, entered);
-    QCOMPARE(NumberFilter::filter(pasted), entered);
+    QFETCH(QStringList, fields); // pasted, entered
+    QCOMPARE(NumberFilter::filter(fields[0]), fields[1]);
 }
 
 QTEST_GUILESS_MAIN(tst_NumberFilter)
