@@ -4,7 +4,7 @@
 // The catalogue as loaded: the built-in one from the string table, its shape against the table
 // of quantities in builtin_quantities.tsv with the invariants of every unit, the units in
 // telling_units.tsv as published; the on/off state from the settings store; the user's own
-// quantities and units merged in, and written back.
+// quantities and units merged in, as many as a quantity holds, and written back.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "catalogue/UserCatalogue.h"
@@ -12,6 +12,7 @@
 #include "shell/SettingsStore.h"
 
 #include "convert/TestTable.h"
+#include "support/DataRows.h"
 
 #include <QSet>
 #include <QTemporaryDir>
@@ -30,7 +31,6 @@ private Q_SLOTS:
     void storedOnOff_data();
     void storedOnOff();
     void customQuantityWithItsUnits();
-    void unitsBeyondTheLimitAreNotLoaded();
     void savedCatalogueLoadsBackTheSame();
 
 private:
@@ -78,31 +78,17 @@ Catalogue tst_Catalogue::load()
 
 void tst_Catalogue::quantities_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("units");
-    QTest::addColumn<QString>("defaultUnit");
-    QTest::addColumn<int>("exactMarks");
-    int total = 0;
-    for (const QStringList &f :
-        readTestTable(QStringLiteral(TEST_DATA_DIR "/builtin_quantities.tsv"), 5)) {
-        QTest::newRow(qPrintable(f[1]))
-            << f[0].toInt() << f[1] << f[2].toInt() << f[3] << f[4].toInt();
-        total += f[2].toInt();
-    }
-    QCOMPARE(total, 514);
+    addTestTableRows("builtin_quantities.tsv", 5);
 }
 
 void tst_Catalogue::quantities()
 {
-    QFETCH(int, index);
-    QFETCH(QString, name);
-    QFETCH(int, units);
-    QFETCH(QString, defaultUnit);
-    QFETCH(int, exactMarks);
+    QFETCH(QStringList, fields); // index, units, default unit, factors marked exact
+    const int index = fields[0].toInt(), units = fields[1].toInt();
+    const QString &defaultUnit = fields[2];
     QCOMPARE(m_catalogue.QuantityCount, 43);
     const PhysicalQuantity &q = m_catalogue.Quantities[index];
-    QCOMPARE(q.Name, name);
+    QCOMPARE(q.Name, QString::fromUtf8(QTest::currentDataTag()));
     QCOMPARE(q.UnitCount, units);
     QCOMPARE(q.DefaultUnit, defaultUnit);
     QCOMPARE(q.OnOff, 1);
@@ -116,7 +102,7 @@ void tst_Catalogue::quantities()
     QSet<QString> names;
     for (int j = 1; j <= units; ++j) {
         const UnitEntry &u = m_catalogue.Units[index][j];
-        const QString where = name + QStringLiteral(": ") + u.Name;
+        const QString where = q.Name + QStringLiteral(": ") + u.Name;
         QVERIFY2(!names.contains(u.Name) && !u.Name.isEmpty() && u.Name == u.Name.trimmed()
                 && !u.Name.contains(u'[') && !u.Name.contains(u','),
             qPrintable(where));
@@ -132,78 +118,73 @@ void tst_Catalogue::quantities()
         QVERIFY2(u.Factor > 0 && (u.Exact == 1 || u.FactorText.size() >= 6), qPrintable(where));
         QVERIFY(!isDefault || (u.FactorText == QStringLiteral("1") && u.Factor == 1.0));
     }
-    QCOMPARE(marks, exactMarks);
+    QCOMPARE(marks, fields[3].toInt());
     QVERIFY(names.contains(defaultUnit));
 }
 
 void tst_Catalogue::tellingUnits_data()
 {
-    QTest::addColumn<QString>("quantity");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("factorText");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("exact");
+    QTest::addColumn<QStringList>("fields");
     for (const QStringList &f :
         readTestTable(QStringLiteral(TEST_DATA_DIR "/telling_units.tsv"), 6))
-        QTest::newRow(qPrintable(f[0] + QStringLiteral(": ") + f[2]))
-            << f[0] << f[1].toInt() << f[2] << f[3] << f[4].toDouble() << f[5].toInt();
+        QTest::newRow(qPrintable(f[0] + QStringLiteral(": ") + f[2])) << f;
 }
 
 void tst_Catalogue::tellingUnits()
 {
-    QFETCH(QString, quantity);
-    QFETCH(int, index);
-    QFETCH(QString, name);
-    QFETCH(QString, factorText);
-    QFETCH(double, factor);
-    QFETCH(int, exact);
-    const int q = m_catalogue.findQuantity(quantity);
+    QFETCH(QStringList, fields); // quantity, index, name, factor text, factor, exact
+    const int q = m_catalogue.findQuantity(fields[0]);
     QVERIFY(q != 0);
-    QCOMPARE(m_catalogue.findUnit(q, name), index);
-    const UnitEntry &u = m_catalogue.Units[q][index];
-    QCOMPARE(u.FactorText, factorText);
-    QCOMPARE(u.Factor, factor);
-    QCOMPARE(u.Exact, exact);
+    QCOMPARE(m_catalogue.findUnit(q, fields[2]), fields[1].toInt());
+    const UnitEntry &u = m_catalogue.Units[q][fields[1].toInt()];
+    QCOMPARE(u.FactorText, fields[3]);
+    QCOMPARE(u.Factor, fields[4].toDouble());
+    QCOMPARE(u.Exact, fields[5].toInt());
 }
 
 // On/off values stored for Length: its own, or one for its second unit (by its name, in any
 // letter case). Any number but 1 switches off; a text that is no number is reported and
 // leaves the entry switched on.
+struct OnOffRow {
+    const char *row;
+    int unit; // 0: the quantity's own value
+    bool otherCase;
+    const char *stored;
+    int onOff;
+    bool reported;
+};
+Q_DECLARE_METATYPE(OnOffRow)
+
 void tst_Catalogue::storedOnOff_data()
 {
-    QTest::addColumn<int>("unit"); // 0: the quantity's own value
-    QTest::addColumn<bool>("otherCase");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("onOff");
-    QTest::addColumn<bool>("reported");
-    QTest::newRow("quantity switched off") << 0 << false << "0" << 0 << false;
-    QTest::newRow("quantity switched on") << 0 << false << "1" << 1 << false;
-    QTest::newRow("unit switched off") << 2 << false << "0" << 0 << false;
-    QTest::newRow("unit named in another case") << 2 << true << "0" << 0 << false;
-    QTest::newRow("another number switches off") << 2 << false << "2" << 2 << false;
-    QTest::newRow("a half rounds to even") << 2 << false << "0.5" << 0 << false;
-    QTest::newRow("quantity's value that is no number") << 0 << false << "off" << 1 << true;
-    QTest::newRow("unit's value that is no number") << 2 << false << "yes" << 1 << true;
+    const OnOffRow rows[] = {
+        { "quantity switched off", 0, false, "0", 0, false },
+        { "quantity switched on", 0, false, "1", 1, false },
+        { "unit switched off", 2, false, "0", 0, false },
+        { "unit named in another case", 2, true, "0", 0, false },
+        { "another number switches off", 2, false, "2", 2, false },
+        { "a half rounds to even", 2, false, "0.5", 0, false },
+        { "quantity's value that is no number", 0, false, "off", 1, true },
+        { "unit's value that is no number", 2, false, "yes", 1, true },
+    };
+    addRows(rows);
 }
 
 void tst_Catalogue::storedOnOff()
 {
-    QFETCH(int, unit);
-    QFETCH(bool, otherCase);
-    QFETCH(QString, stored);
-    QFETCH(int, onOff);
-    QFETCH(bool, reported);
+    QFETCH(OnOffRow, row);
+    const int unit = row.unit, onOff = row.onOff;
+    const QString stored = QString::fromUtf8(row.stored);
     const int length = m_catalogue.findQuantity(QStringLiteral("Length"));
     const QString name = unit ? m_catalogue.Units[length][unit].Name : QStringLiteral("OnOff");
     m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Length"), otherCase ? name.toUpper() : name, stored);
+        QStringLiteral("User\\OnOff\\Length"), row.otherCase ? name.toUpper() : name, stored);
     Catalogue loaded;
     QList<RuntimeError> problems;
     loaded.LoadCatalogue(*m_store, &problems);
     QCOMPARE(unit ? loaded.Units[length][unit].OnOff : loaded.Quantities[length].OnOff, onOff);
-    QCOMPARE(problems.size(), reported ? 1 : 0);
-    if (reported)
+    QCOMPARE(problems.size(), row.reported ? 1 : 0);
+    if (row.reported)
         QCOMPARE(problems[0].messageText(),
             QStringLiteral("Error # 13\nType mismatch: \"%1\" is stored for \"%2\" in "
                            "\"User\\OnOff\\Length\"")
@@ -234,6 +215,8 @@ void tst_Catalogue::customQuantityWithItsUnits()
     write("User\\Units\\Garden", "rod", "a5.0292");
     write("User\\Units\\Length", "smoot", "a1.7018");
     write("User\\Units\\Temperature", "Réaumur", "a1.25");
+    for (int i = 0; i < 60; ++i) // more than a quantity holds
+        write("User\\Units\\Angle", qPrintable(QStringLiteral("unit %1").arg(i)), "a1");
     Catalogue catalogue;
     QList<RuntimeError> problems;
     catalogue.LoadCatalogue(*m_store, &problems);
@@ -255,15 +238,6 @@ void tst_Catalogue::customQuantityWithItsUnits()
     // A unit of the user's in Temperature is listed (the formulas convert it to nothing).
     QVERIFY(catalogue.enabledUnitNames(catalogue.findQuantity(QStringLiteral("Temperature")))
                 .contains("Réaumur"));
-}
-
-void tst_Catalogue::unitsBeyondTheLimitAreNotLoaded()
-{
-    SettingsStore::Batch batch(*m_store);
-    for (int i = 0; i < 60; ++i)
-        m_store->RegWriteString(QStringLiteral("User\\Units\\Angle"),
-            QStringLiteral("unit %1").arg(i), QStringLiteral("a1"));
-    const Catalogue catalogue = load();
     QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount,
         Catalogue::MaxUnits);
 }
