@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// Reading numbers from text, leniently and strictly, and writing them back both as strings and
-// into a caller's buffer; the cases are in leading_numbers.tsv, strict_readings.tsv and
-// written_numbers.tsv. The digits of the written texts are also checked
-// against the C library's own decimal conversion over values of every magnitude.
+// Reading numbers from text, leniently and strictly, cutting pasted text down to its number, and
+// writing numbers back both as strings and into a caller's buffer; the cases are in
+// leading_numbers.tsv, strict_readings.tsv, pasted_texts.tsv and written_numbers.tsv. The
+// digits of the written texts are also checked against the C library's own decimal conversion
+// over values of every magnitude.
+#include "convert/NumberFilter.h"
 #include "convert/NumberText.h"
 
 #include "TestTable.h"
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void leadingNumber();
     void strictReadings_data();
     void strictReadings();
+    void pastedTexts_data();
+    void pastedTexts();
     void writtenTexts_data();
     void writtenTexts();
     void digitsAgreeWithTheCLibrary();
@@ -78,6 +82,17 @@ void tst_NumberText::strictReadings()
     } catch (const RuntimeError &e) {
         QCOMPARE(e.number, error);
     }
+}
+
+void tst_NumberText::pastedTexts_data()
+{
+    addTestTableRows("pasted_texts.tsv", 3);
+}
+
+void tst_NumberText::pastedTexts()
+{
+    QFETCH(QStringList, fields); // pasted, entered
+    QCOMPARE(NumberFilter::filter(fields[0]), fields[1]);
 }
 
 void tst_NumberText::writtenTexts_data()
