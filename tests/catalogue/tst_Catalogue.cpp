@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The string table's file format and compiled-in texts. The catalogue as loaded: the built-in
-// one from the string table, its shape against the table of quantities in
+// The string table's file format (string_table_lines.tsv) and compiled-in texts. The catalogue as
+// loaded: the built-in one from the string table, its shape against the table of quantities in
 // builtin_quantities.tsv with the invariants of every unit, the units in telling_units.tsv as
-// published; the on/off state from the settings store; the user's own quantities and units
-// merged in, as many as a quantity holds, and written back.
+// published; the on/off state from the settings store (stored_on_off.tsv); the user's own
+// quantities and units merged in, as many as a quantity holds, and written back.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "catalogue/UserCatalogue.h"
@@ -13,7 +13,6 @@
 #include "shell/SettingsStore.h"
 
 #include "convert/TestTable.h"
-#include "support/DataRows.h"
 
 #include <QSet>
 #include <QTemporaryDir>
@@ -38,8 +37,6 @@ private Q_SLOTS:
     void savedCatalogueLoadsBackTheSame();
 
 private:
-    Catalogue load();
-
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
     Catalogue m_catalogue;
@@ -50,7 +47,8 @@ void tst_Catalogue::init()
     const QString file = m_dir.filePath(QStringLiteral("registry.reg"));
     QFile::remove(file);
     m_store = std::make_unique<SettingsStore>(std::make_unique<HiveFile>(file));
-    m_catalogue = load();
+    m_catalogue = Catalogue();
+    m_catalogue.LoadCatalogue(*m_store);
 }
 
 // The quantities from the one numbered first on, a line each (name|on|custom|default unit),
@@ -73,43 +71,21 @@ static QStringList describe(const Catalogue &catalogue, int first)
     return lines;
 }
 
-Catalogue tst_Catalogue::load()
-{
-    Catalogue catalogue;
-    catalogue.LoadCatalogue(*m_store);
-    return catalogue;
-}
-
 void tst_Catalogue::stringTableLines_data()
 {
-    QTest::addColumn<QByteArray>("line");
-    QTest::addColumn<int>("id"); // 0: the line holds no text
-    QTest::addColumn<QString>("text");
-    QTest::newRow("plain") << QByteArray("9\tMensura") << 9 << "Mensura";
-    QTest::newRow("tab escape") << QByteArray("1\ta\\tb") << 1 << "a\tb";
-    QTest::newRow("line break escape") << QByteArray("1\ta\\nb") << 1 << "a\nb";
-    QTest::newRow("backslash escape") << QByteArray("1\tC:\\\\x") << 1 << "C:\\x";
-    QTest::newRow("unknown escape kept") << QByteArray("1\ta\\qb") << 1 << "a\\qb";
-    QTest::newRow("backslash at the end kept") << QByteArray("1\ta\\") << 1 << "a\\";
-    QTest::newRow("trailing blanks kept") << QByteArray("401\tMark  ") << 401 << "Mark  ";
-    QTest::newRow("carriage return dropped") << QByteArray("2\tx\r") << 2 << "x";
-    QTest::newRow("UTF-8") << QByteArray("3\t°C ²") << 3 << "°C ²";
-    QTest::newRow("empty text") << QByteArray("4\t") << 4 << "";
-    QTest::newRow("a second tab is text") << QByteArray("5\ta\tb") << 5 << "a\tb";
-    QTest::newRow("no id") << QByteArray("\ttext") << 0 << "";
-    QTest::newRow("id that is no number") << QByteArray("x1\ttext") << 0 << "";
+    addTestTableRows("string_table_lines.tsv", 4);
 }
 
 void tst_Catalogue::stringTableLines()
 {
-    QFETCH(QByteArray, line);
-    QFETCH(int, id);
-    QFETCH(QString, text);
-    const auto table = StringTable::parse("# comment\r\n\r\n" + line + "\nnot a line\n7\tlast");
+    QFETCH(QStringList, fields); // line, id, text
+    const int id = fields[1].toInt();
+    const auto table
+        = StringTable::parse("# comment\r\n\r\n" + fields[0].toUtf8() + "\nnot a line\n7\tlast");
     QCOMPARE(table.size(), id ? 2 : 1);
     QCOMPARE(table.value(7), QStringLiteral("last"));
     if (id)
-        QCOMPARE(table.value(id), text);
+        QCOMPARE(table.value(id), fields[2]);
 }
 
 void tst_Catalogue::compiledInStringsKeepTheirBlanks()
@@ -187,49 +163,27 @@ void tst_Catalogue::tellingUnits()
     QCOMPARE(u.Exact, fields[5].toInt());
 }
 
-// On/off values stored for Length: its own, or one for its second unit (by its name, in any
-// letter case). Any number but 1 switches off; a text that is no number is reported and
-// leaves the entry switched on.
-struct OnOffRow {
-    const char *row;
-    int unit; // 0: the quantity's own value
-    bool otherCase;
-    const char *stored;
-    int onOff;
-    bool reported;
-};
-Q_DECLARE_METATYPE(OnOffRow)
-
 void tst_Catalogue::storedOnOff_data()
 {
-    const OnOffRow rows[] = {
-        { "quantity switched off", 0, false, "0", 0, false },
-        { "quantity switched on", 0, false, "1", 1, false },
-        { "unit switched off", 2, false, "0", 0, false },
-        { "unit named in another case", 2, true, "0", 0, false },
-        { "another number switches off", 2, false, "2", 2, false },
-        { "a half rounds to even", 2, false, "0.5", 0, false },
-        { "quantity's value that is no number", 0, false, "off", 1, true },
-        { "unit's value that is no number", 2, false, "yes", 1, true },
-    };
-    addRows(rows);
+    addTestTableRows("stored_on_off.tsv", 6);
 }
 
 void tst_Catalogue::storedOnOff()
 {
-    QFETCH(OnOffRow, row);
-    const int unit = row.unit, onOff = row.onOff;
-    const QString stored = QString::fromUtf8(row.stored);
+    QFETCH(QStringList, fields); // unit, name in another case, stored, on/off, reported
+    const int unit = fields[0].toInt(), onOff = fields[3].toInt();
+    const QString &stored = fields[2];
+    const bool reported = fields[4] == QStringLiteral("1");
     const int length = m_catalogue.findQuantity(QStringLiteral("Length"));
     const QString name = unit ? m_catalogue.Units[length][unit].Name : QStringLiteral("OnOff");
-    m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Length"), row.otherCase ? name.toUpper() : name, stored);
+    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"),
+        fields[1] == QStringLiteral("1") ? name.toUpper() : name, stored);
     Catalogue loaded;
     QList<RuntimeError> problems;
     loaded.LoadCatalogue(*m_store, &problems);
     QCOMPARE(unit ? loaded.Units[length][unit].OnOff : loaded.Quantities[length].OnOff, onOff);
-    QCOMPARE(problems.size(), row.reported ? 1 : 0);
-    if (row.reported)
+    QCOMPARE(problems.size(), reported ? 1 : 0);
+    if (reported)
         QCOMPARE(problems[0].messageText(),
             QStringLiteral("Error # 13\nType mismatch: \"%1\" is stored for \"%2\" in "
                            "\"User\\OnOff\\Length\"")
@@ -289,7 +243,7 @@ void tst_Catalogue::customQuantityWithItsUnits()
 
 void tst_Catalogue::savedCatalogueLoadsBackTheSame()
 {
-    Catalogue edited = load();
+    Catalogue edited = m_catalogue;
     const int mass = edited.findQuantity(QStringLiteral("Mass"));
     edited.Quantities[mass].OnOff = 0;
     edited.Units[mass][3].OnOff = 0;
@@ -308,7 +262,8 @@ void tst_Catalogue::savedCatalogueLoadsBackTheSame()
         = UnitEntry { QStringLiteral("пядь"), 1, 1, 0.1778, 1, QStringLiteral("0.1778") };
 
     UserCatalogue::SaveUserCatalogue(edited, *m_store);
-    const Catalogue loaded = load();
+    Catalogue loaded;
+    loaded.LoadCatalogue(*m_store);
     QCOMPARE(loaded.QuantityCount, 45);
     QCOMPARE(describe(loaded, 1), describe(edited, 1));
 }

@@ -19,7 +19,7 @@ class tst_ConversionEngine : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
+    void initTestCase();
     void convert_data();
     void convert();
     void updateResult_data();
@@ -51,11 +51,8 @@ void tst_ConversionEngine::addQuantity(const QString &name, const QStringList &u
     }
 }
 
-void tst_ConversionEngine::init()
+void tst_ConversionEngine::initTestCase()
 {
-    m_catalogue = Catalogue();
-    m_settings = Settings();
-    m_session = Session();
     addQuantity(QStringLiteral("Length"),
         { "metre (m)|x1", "inch (in)|x0.0254", "rounded inch|0.0254",
             "survey foot (ftUS)|0.3048006096012192", "nothing|0", "huge|1E300",

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The find dialog's lines, its prefix search and the taking apart of a chosen line.
+// The find dialog's lines, its prefix search (the cases are in find_texts.tsv) and the taking
+// apart of a chosen line.
+#include "convert/TestTable.h"
 #include "find/TestCatalogue.h"
 #include "find/UnitSearch.h"
 #include "shell/HiveFile.h"
@@ -30,10 +32,10 @@ private Q_SLOTS:
 void tst_UnitSearch::listsEnabledUnitsOfEnabledQuantitiesInCatalogueOrder()
 {
     const UnitSearch search(makeCatalogue({
-        { QStringLiteral("Length"), { "metre (m)", "-fermi", "inch (in)" } },
-        { QStringLiteral("-Angle"), { "radian (rad)" } },
-        { QStringLiteral("Area"), { "acre", "are" } },
-        { QStringLiteral("Mass"), { "-gram" } },
+        { "Length", { "metre (m)", "-fermi", "inch (in)" } },
+        { "-Angle", { "radian (rad)" } },
+        { "Area", { "acre", "are" } },
+        { "Mass", { "-gram" } },
     }));
     QCOMPARE(search.lines(),
         QStringList({ "metre (m) [Length]", "inch (in) [Length]", "acre [Area]", "are [Area]" }));
@@ -43,34 +45,17 @@ void tst_UnitSearch::listsEnabledUnitsOfEnabledQuantitiesInCatalogueOrder()
 
 void tst_UnitSearch::find_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("expected");
-
-    QTest::newRow("exact start") << "inch" << 1;
-    QTest::newRow("capitals find small letters") << "IN" << 1;
-    QTest::newRow("small letters find capitals") << "kelvin" << 3;
-    QTest::newRow("the first of several matches") << "m" << 0;
-    QTest::newRow("a later line when earlier ones differ") << "mil" << 2;
-    QTest::newRow("across the quantity bracket") << "inch (in) [le" << 1;
-    QTest::newRow("the whole line") << "Kelvin (K) [Temperature]" << 3;
-    QTest::newRow("no unit begins so") << "xyz" << -1;
-    QTest::newRow("inside a name is no match") << "nch" << -1;
-    QTest::newRow("longer than every line") << "inch (in) [Length] and more" << -1;
-    QTest::newRow("empty text finds the first line") << "" << 0;
-    QTest::newRow("non-ASCII letters ignore case") << "ÅNG" << 4;
+    addTestTableRows("find_texts.tsv", 3);
 }
 
 void tst_UnitSearch::find()
 {
-    QFETCH(QString, text);
-    QFETCH(int, expected);
+    QFETCH(QStringList, fields); // text, line found
     const Catalogue catalogue = makeCatalogue({
-        { QStringLiteral("Length"),
-            { QStringLiteral("metre (m)"), QStringLiteral("inch (in)"), QStringLiteral("mil") } },
-        { QStringLiteral("Temperature"),
-            { QStringLiteral("Kelvin (K)"), QStringLiteral("ångström (Å)") } },
+        { "Length", { "metre (m)", "inch (in)", "mil" } },
+        { "Temperature", { "Kelvin (K)", "ångström (Å)" } },
     });
-    QCOMPARE(UnitSearch(catalogue).find(text), expected);
+    QCOMPARE(UnitSearch(catalogue).find(fields[0]), fields[1].toInt());
 }
 
 void tst_UnitSearch::parseLine_data()
