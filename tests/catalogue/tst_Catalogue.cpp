@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The catalogue as loaded: the built-in one from the string table, its shape against the table
-// of quantities in builtin_quantities.tsv with the invariants of every unit, the units in
-// telling_units.tsv as published; the on/off state from the settings store; the user's own
-// quantities and units merged in, and written back.
+// The string table's file format (string_table_lines.tsv) and compiled-in texts. The catalogue as
+// loaded: the built-in one from the string table, its shape against the table of quantities in
+// builtin_quantities.tsv with the invariants of every unit, the units in telling_units.tsv as
+// published; the on/off state from the settings store (stored_on_off.tsv); the user's own
+// quantities and units merged in, as many as a quantity holds, and written back.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "catalogue/UserCatalogue.h"
@@ -23,6 +24,9 @@ class tst_Catalogue : public QObject
 
 private Q_SLOTS:
     void init();
+    void stringTableLines_data();
+    void stringTableLines();
+    void compiledInStringsKeepTheirBlanks();
     void quantities_data();
     void quantities();
     void tellingUnits_data();
@@ -30,12 +34,9 @@ private Q_SLOTS:
     void storedOnOff_data();
     void storedOnOff();
     void customQuantityWithItsUnits();
-    void unitsBeyondTheLimitAreNotLoaded();
     void savedCatalogueLoadsBackTheSame();
 
 private:
-    Catalogue load();
-
     QTemporaryDir m_dir;
     std::unique_ptr<SettingsStore> m_store;
     Catalogue m_catalogue;
@@ -46,7 +47,8 @@ void tst_Catalogue::init()
     const QString file = m_dir.filePath(QStringLiteral("registry.reg"));
     QFile::remove(file);
     m_store = std::make_unique<SettingsStore>(std::make_unique<HiveFile>(file));
-    m_catalogue = load();
+    m_catalogue = Catalogue();
+    m_catalogue.LoadCatalogue(*m_store);
 }
 
 // The quantities from the one numbered first on, a line each (name|on|custom|default unit),
@@ -69,40 +71,45 @@ static QStringList describe(const Catalogue &catalogue, int first)
     return lines;
 }
 
-Catalogue tst_Catalogue::load()
+void tst_Catalogue::stringTableLines_data()
 {
-    Catalogue catalogue;
-    catalogue.LoadCatalogue(*m_store);
-    return catalogue;
+    addTestTableRows("string_table_lines.tsv", 4);
+}
+
+void tst_Catalogue::stringTableLines()
+{
+    QFETCH(QStringList, fields); // line, id, text
+    const int id = fields[1].toInt();
+    const auto table
+        = StringTable::parse("# comment\r\n\r\n" + fields[0].toUtf8() + "\nnot a line\n7\tlast");
+    QCOMPARE(table.size(), id ? 2 : 1);
+    QCOMPARE(table.value(7), QStringLiteral("last"));
+    if (id)
+        QCOMPARE(table.value(id), fields[2]);
+}
+
+void tst_Catalogue::compiledInStringsKeepTheirBlanks()
+{
+    QCOMPARE(StringTable::text(401), QStringLiteral("Mark  "));
+    QCOMPARE(StringTable::text(408), QStringLiteral(" Sci "));
+    QCOMPARE(StringTable::text(136), QStringLiteral(" marked conversion(s) "));
+    QVERIFY(!StringTable::contains(1));
+    QCOMPARE(StringTable::text(1), QString());
 }
 
 void tst_Catalogue::quantities_data()
 {
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("units");
-    QTest::addColumn<QString>("defaultUnit");
-    QTest::addColumn<int>("exactMarks");
-    int total = 0;
-    for (const QStringList &f :
-        readTestTable(QStringLiteral(TEST_DATA_DIR "/builtin_quantities.tsv"), 5)) {
-        QTest::newRow(qPrintable(f[1]))
-            << f[0].toInt() << f[1] << f[2].toInt() << f[3] << f[4].toInt();
-        total += f[2].toInt();
-    }
-    QCOMPARE(total, 514);
+    addTestTableRows("builtin_quantities.tsv", 5);
 }
 
 void tst_Catalogue::quantities()
 {
-    QFETCH(int, index);
-    QFETCH(QString, name);
-    QFETCH(int, units);
-    QFETCH(QString, defaultUnit);
-    QFETCH(int, exactMarks);
+    QFETCH(QStringList, fields); // index, units, default unit, factors marked exact
+    const int index = fields[0].toInt(), units = fields[1].toInt();
+    const QString &defaultUnit = fields[2];
     QCOMPARE(m_catalogue.QuantityCount, 43);
     const PhysicalQuantity &q = m_catalogue.Quantities[index];
-    QCOMPARE(q.Name, name);
+    QCOMPARE(q.Name, QString::fromUtf8(QTest::currentDataTag()));
     QCOMPARE(q.UnitCount, units);
     QCOMPARE(q.DefaultUnit, defaultUnit);
     QCOMPARE(q.OnOff, 1);
@@ -116,7 +123,7 @@ void tst_Catalogue::quantities()
     QSet<QString> names;
     for (int j = 1; j <= units; ++j) {
         const UnitEntry &u = m_catalogue.Units[index][j];
-        const QString where = name + QStringLiteral(": ") + u.Name;
+        const QString where = q.Name + QStringLiteral(": ") + u.Name;
         QVERIFY2(!names.contains(u.Name) && !u.Name.isEmpty() && u.Name == u.Name.trimmed()
                 && !u.Name.contains(u'[') && !u.Name.contains(u','),
             qPrintable(where));
@@ -132,72 +139,45 @@ void tst_Catalogue::quantities()
         QVERIFY2(u.Factor > 0 && (u.Exact == 1 || u.FactorText.size() >= 6), qPrintable(where));
         QVERIFY(!isDefault || (u.FactorText == QStringLiteral("1") && u.Factor == 1.0));
     }
-    QCOMPARE(marks, exactMarks);
+    QCOMPARE(marks, fields[3].toInt());
     QVERIFY(names.contains(defaultUnit));
 }
 
 void tst_Catalogue::tellingUnits_data()
 {
-    QTest::addColumn<QString>("quantity");
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("factorText");
-    QTest::addColumn<double>("factor");
-    QTest::addColumn<int>("exact");
+    QTest::addColumn<QStringList>("fields");
     for (const QStringList &f :
         readTestTable(QStringLiteral(TEST_DATA_DIR "/telling_units.tsv"), 6))
-        QTest::newRow(qPrintable(f[0] + QStringLiteral(": ") + f[2]))
-            << f[0] << f[1].toInt() << f[2] << f[3] << f[4].toDouble() << f[5].toInt();
+        QTest::newRow(qPrintable(f[0] + QStringLiteral(": ") + f[2])) << f;
 }
 
 void tst_Catalogue::tellingUnits()
 {
-    QFETCH(QString, quantity);
-    QFETCH(int, index);
-    QFETCH(QString, name);
-    QFETCH(QString, factorText);
-    QFETCH(double, factor);
-    QFETCH(int, exact);
-    const int q = m_catalogue.findQuantity(quantity);
+    QFETCH(QStringList, fields); // quantity, index, name, factor text, factor, exact
+    const int q = m_catalogue.findQuantity(fields[0]);
     QVERIFY(q != 0);
-    QCOMPARE(m_catalogue.findUnit(q, name), index);
-    const UnitEntry &u = m_catalogue.Units[q][index];
-    QCOMPARE(u.FactorText, factorText);
-    QCOMPARE(u.Factor, factor);
-    QCOMPARE(u.Exact, exact);
+    QCOMPARE(m_catalogue.findUnit(q, fields[2]), fields[1].toInt());
+    const UnitEntry &u = m_catalogue.Units[q][fields[1].toInt()];
+    QCOMPARE(u.FactorText, fields[3]);
+    QCOMPARE(u.Factor, fields[4].toDouble());
+    QCOMPARE(u.Exact, fields[5].toInt());
 }
 
-// On/off values stored for Length: its own, or one for its second unit (by its name, in any
-// letter case). Any number but 1 switches off; a text that is no number is reported and
-// leaves the entry switched on.
 void tst_Catalogue::storedOnOff_data()
 {
-    QTest::addColumn<int>("unit"); // 0: the quantity's own value
-    QTest::addColumn<bool>("otherCase");
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<int>("onOff");
-    QTest::addColumn<bool>("reported");
-    QTest::newRow("quantity switched off") << 0 << false << "0" << 0 << false;
-    QTest::newRow("quantity switched on") << 0 << false << "1" << 1 << false;
-    QTest::newRow("unit switched off") << 2 << false << "0" << 0 << false;
-    QTest::newRow("unit named in another case") << 2 << true << "0" << 0 << false;
-    QTest::newRow("another number switches off") << 2 << false << "2" << 2 << false;
-    QTest::newRow("a half rounds to even") << 2 << false << "0.5" << 0 << false;
-    QTest::newRow("quantity's value that is no number") << 0 << false << "off" << 1 << true;
-    QTest::newRow("unit's value that is no number") << 2 << false << "yes" << 1 << true;
+    addTestTableRows("stored_on_off.tsv", 6);
 }
 
 void tst_Catalogue::storedOnOff()
 {
-    QFETCH(int, unit);
-    QFETCH(bool, otherCase);
-    QFETCH(QString, stored);
-    QFETCH(int, onOff);
-    QFETCH(bool, reported);
+    QFETCH(QStringList, fields); // unit, name in another case, stored, on/off, reported
+    const int unit = fields[0].toInt(), onOff = fields[3].toInt();
+    const QString &stored = fields[2];
+    const bool reported = fields[4] == QStringLiteral("1");
     const int length = m_catalogue.findQuantity(QStringLiteral("Length"));
     const QString name = unit ? m_catalogue.Units[length][unit].Name : QStringLiteral("OnOff");
-    m_store->RegWriteString(
-        QStringLiteral("User\\OnOff\\Length"), otherCase ? name.toUpper() : name, stored);
+    m_store->RegWriteString(QStringLiteral("User\\OnOff\\Length"),
+        fields[1] == QStringLiteral("1") ? name.toUpper() : name, stored);
     Catalogue loaded;
     QList<RuntimeError> problems;
     loaded.LoadCatalogue(*m_store, &problems);
@@ -234,6 +214,8 @@ void tst_Catalogue::customQuantityWithItsUnits()
     write("User\\Units\\Garden", "rod", "a5.0292");
     write("User\\Units\\Length", "smoot", "a1.7018");
     write("User\\Units\\Temperature", "Réaumur", "a1.25");
+    for (int i = 0; i < 60; ++i) // more than a quantity holds
+        write("User\\Units\\Angle", qPrintable(QStringLiteral("unit %1").arg(i)), "a1");
     Catalogue catalogue;
     QList<RuntimeError> problems;
     catalogue.LoadCatalogue(*m_store, &problems);
@@ -255,22 +237,13 @@ void tst_Catalogue::customQuantityWithItsUnits()
     // A unit of the user's in Temperature is listed (the formulas convert it to nothing).
     QVERIFY(catalogue.enabledUnitNames(catalogue.findQuantity(QStringLiteral("Temperature")))
                 .contains("Réaumur"));
-}
-
-void tst_Catalogue::unitsBeyondTheLimitAreNotLoaded()
-{
-    SettingsStore::Batch batch(*m_store);
-    for (int i = 0; i < 60; ++i)
-        m_store->RegWriteString(QStringLiteral("User\\Units\\Angle"),
-            QStringLiteral("unit %1").arg(i), QStringLiteral("a1"));
-    const Catalogue catalogue = load();
     QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount,
         Catalogue::MaxUnits);
 }
 
 void tst_Catalogue::savedCatalogueLoadsBackTheSame()
 {
-    Catalogue edited = load();
+    Catalogue edited = m_catalogue;
     const int mass = edited.findQuantity(QStringLiteral("Mass"));
     edited.Quantities[mass].OnOff = 0;
     edited.Units[mass][3].OnOff = 0;
@@ -289,7 +262,8 @@ void tst_Catalogue::savedCatalogueLoadsBackTheSame()
         = UnitEntry { QStringLiteral("пядь"), 1, 1, 0.1778, 1, QStringLiteral("0.1778") };
 
     UserCatalogue::SaveUserCatalogue(edited, *m_store);
-    const Catalogue loaded = load();
+    Catalogue loaded;
+    loaded.LoadCatalogue(*m_store);
     QCOMPARE(loaded.QuantityCount, 45);
     QCOMPARE(describe(loaded, 1), describe(edited, 1));
 }

@@ -20,6 +20,14 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+// A unit in GNU units' terms, the default unit's, and our factor's text and value as loaded.
+struct FactorRow {
+    QString unitExpression, defaultExpression, factorText;
+    double ours;
+    bool exact;
+};
+Q_DECLARE_METATYPE(FactorRow)
+
 class tst_CatalogueAgainstGnuUnits : public QObject
 {
     Q_OBJECT
@@ -54,11 +62,7 @@ void tst_CatalogueAgainstGnuUnits::initTestCase()
 
 void tst_CatalogueAgainstGnuUnits::factor_data()
 {
-    QTest::addColumn<QString>("unitExpression");
-    QTest::addColumn<QString>("defaultExpression");
-    QTest::addColumn<QString>("factorText");
-    QTest::addColumn<double>("ours"); // the factor as loaded
-    QTest::addColumn<bool>("exact");
+    QTest::addColumn<FactorRow>("row");
     for (int q = 1; q <= Catalogue::BuiltinQuantityCount; ++q) {
         if (m_catalogue.isTemperature(q))
             continue;
@@ -70,24 +74,19 @@ void tst_CatalogueAgainstGnuUnits::factor_data()
             qPrintable(quantity.Name + QStringLiteral(": default unit unmapped")));
         for (int j = 1; j <= quantity.UnitCount; ++j) {
             const UnitEntry &u = m_catalogue.Units[q][j];
-            QVERIFY2(m_map.contains(base + j),
-                qPrintable(
-                    quantity.Name + QStringLiteral(": ") + u.Name + QStringLiteral(" unmapped")));
             const QString row = quantity.Name + QStringLiteral(": ") + u.Name;
+            QVERIFY2(m_map.contains(base + j), qPrintable(row + QStringLiteral(" unmapped")));
             QTest::newRow(qPrintable(row))
-                << m_map.value(base + j) << defaultExpression << u.FactorText << u.Factor
-                << (StringTable::text(base + 50 + j).startsWith(u'x') || j == defaultIndex);
+                << FactorRow { m_map.value(base + j), defaultExpression, u.FactorText, u.Factor,
+                       StringTable::text(base + 50 + j).startsWith(u'x') || j == defaultIndex };
         }
     }
 }
 
 void tst_CatalogueAgainstGnuUnits::factor()
 {
-    QFETCH(QString, unitExpression);
-    QFETCH(QString, defaultExpression);
-    QFETCH(QString, factorText);
-    QFETCH(double, ours);
-    QFETCH(bool, exact);
+    QFETCH(FactorRow, row);
+    const auto &[unitExpression, defaultExpression, factorText, ours, exact] = row;
     QProcess units;
     units.start(m_units,
         { QStringLiteral("-t"), QStringLiteral("-d"), QStringLiteral("15"), unitExpression,

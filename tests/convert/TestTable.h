@@ -50,3 +50,13 @@ inline QList<QStringList> readTestTable(const QString &fileName, qsizetype field
     }
     return cases;
 }
+
+// The cases of the named table beside the test (in TEST_DATA_DIR) as a test's data rows, each
+// named by its first field, with one column "fields" holding the others.
+inline void addTestTableRows(const char *name, qsizetype fields)
+{
+    QTest::addColumn<QStringList>("fields");
+    for (QStringList f :
+        readTestTable(QStringLiteral(TEST_DATA_DIR "/") + QLatin1String(name), fields))
+        QTest::newRow(qPrintable(f.takeFirst())) << f;
+}

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// Reading numbers from text, leniently and strictly, and writing them back both as strings and
-// into a caller's buffer; the cases are in leading_numbers.tsv, strict_readings.tsv and
-// written_numbers.tsv. The digits of the written texts are also checked
-// against the C library's own decimal conversion over values of every magnitude.
+// Reading numbers from text, leniently and strictly, cutting pasted text down to its number, and
+// writing numbers back both as strings and into a caller's buffer; the cases are in
+// leading_numbers.tsv, strict_readings.tsv, pasted_texts.tsv and written_numbers.tsv. The
+// digits of the written texts are also checked against the C library's own decimal conversion
+// over values of every magnitude.
+#include "convert/NumberFilter.h"
 #include "convert/NumberText.h"
 
 #include "TestTable.h"
@@ -25,6 +27,8 @@ private Q_SLOTS:
     void leadingNumber();
     void strictReadings_data();
     void strictReadings();
+    void pastedTexts_data();
+    void pastedTexts();
     void writtenTexts_data();
     void writtenTexts();
     void digitsAgreeWithTheCLibrary();
@@ -32,24 +36,19 @@ private Q_SLOTS:
 
 void tst_NumberText::leadingNumber_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("length"); // characters read, blanks around the number included
-    for (const QStringList &f :
-        readTestTable(QStringLiteral(TEST_DATA_DIR "/leading_numbers.tsv"), 4))
-        QTest::newRow(qPrintable(f[0])) << f[1] << f[2].toDouble() << f[3].toInt();
+    addTestTableRows("leading_numbers.tsv", 4);
     // Beyond a double's range, too small told from too large however many zeros lead
     QTest::newRow("1E-401 written with 400 zeros")
-        << "0." + QString(400, u'0') + u'1' << 0.0 << 403;
+        << QStringList { "0." + QString(400, u'0') + u'1', "0", "403" };
 }
 
 void tst_NumberText::leadingNumber()
 {
-    QFETCH(QString, text);
-    QFETCH(double, value);
-    QFETCH(int, length);
-    QCOMPARE(NumberText::leadingNumber(text), value);
-    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(text);
+    QFETCH(QStringList, fields); // text, value, characters read (blanks around the number too)
+    const double value = fields[1].toDouble();
+    const int length = fields[2].toInt();
+    QCOMPARE(NumberText::leadingNumber(fields[0]), value);
+    const NumberText::LeadingNumber reading = NumberText::readLeadingNumber(fields[0]);
     QCOMPARE(reading.value, value);
     QCOMPARE(reading.length, qsizetype(length));
     QCOMPARE(reading.hasDigits, length > 0);
@@ -57,27 +56,17 @@ void tst_NumberText::leadingNumber()
 
 void tst_NumberText::strictReadings_data()
 {
-    QTest::addColumn<QString>("as"); // double, int16, int32 or boolean
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QChar>("localeDecimal");
-    QTest::addColumn<double>("expected");
-    QTest::addColumn<int>("error");
-    for (const QStringList &f :
-        readTestTable(QStringLiteral(TEST_DATA_DIR "/strict_readings.tsv"), 6)) {
-        const int error = f[5].isEmpty()         ? 0
-            : f[5] == QStringLiteral("overflow") ? int(RuntimeError::Overflow)
-                                                 : int(RuntimeError::TypeMismatch);
-        QTest::newRow(qPrintable(f[0])) << f[1] << f[2] << f[3].front() << f[4].toDouble() << error;
-    }
+    addTestTableRows("strict_readings.tsv", 6);
 }
 
 void tst_NumberText::strictReadings()
 {
-    QFETCH(QString, as);
-    QFETCH(QString, text);
-    QFETCH(QChar, localeDecimal);
-    QFETCH(double, expected);
-    QFETCH(int, error);
+    QFETCH(QStringList, fields); // read as, text, decimal separator, value, error
+    const QString &as = fields[0], &text = fields[1];
+    const QChar localeDecimal = fields[2].front();
+    const int error = fields[4].isEmpty()         ? 0
+        : fields[4] == QStringLiteral("overflow") ? int(RuntimeError::Overflow)
+                                                  : int(RuntimeError::TypeMismatch);
     try {
         double value = 0;
         if (as == QStringLiteral("double"))
@@ -89,38 +78,44 @@ void tst_NumberText::strictReadings()
         else
             value = NumberText::toBoolean(text, localeDecimal) ? 1 : 0;
         QCOMPARE(error, 0);
-        QCOMPARE(value, expected);
+        QCOMPARE(value, fields[3].toDouble());
     } catch (const RuntimeError &e) {
         QCOMPARE(e.number, error);
     }
 }
 
+void tst_NumberText::pastedTexts_data()
+{
+    addTestTableRows("pasted_texts.tsv", 3);
+}
+
+void tst_NumberText::pastedTexts()
+{
+    QFETCH(QStringList, fields); // pasted, entered
+    QCOMPARE(NumberFilter::filter(fields[0]), fields[1]);
+}
+
 void tst_NumberText::writtenTexts_data()
 {
-    QTest::addColumn<double>("value");
-    QTest::addColumn<int>("figures"); // 0: the shortest text
-    QTest::addColumn<QString>("expected");
-    for (const QStringList &f :
-        readTestTable(QStringLiteral(TEST_DATA_DIR "/written_numbers.tsv"), 4))
-        QTest::newRow(qPrintable(f[0])) << f[1].toDouble() << f[2].toInt() << f[3];
+    addTestTableRows("written_numbers.tsv", 4);
 }
 
 // The string and the caller's buffer of the size asked for say the same, and nothing is
 // written beyond that buffer.
 void tst_NumberText::writtenTexts()
 {
-    QFETCH(double, value);
-    QFETCH(int, figures);
-    QFETCH(QString, expected);
+    QFETCH(QStringList, fields); // value, figures (0: the shortest text), text
+    const double value = fields[0].toDouble();
+    const int figures = fields[1].toInt();
     const int capacity
         = figures ? figures + NumberText::ScientificExtra : NumberText::ShortestTextCapacity;
     QByteArray buffer(capacity + 8, '#');
     const qsizetype length = figures ? NumberText::scientific(value, figures, buffer.data())
                                      : NumberText::shortestText(value, buffer.data());
-    QCOMPARE(QString::fromLatin1(buffer.constData(), length), expected);
+    QCOMPARE(QString::fromLatin1(buffer.constData(), length), fields[2]);
     QCOMPARE(buffer.mid(capacity), QByteArray(8, '#'));
     QCOMPARE(figures ? NumberText::scientific(value, figures) : NumberText::shortestText(value),
-        expected);
+        fields[2]);
 }
 
 // Fifteen significant digits of values of every magnitude, as the C library writes them: the

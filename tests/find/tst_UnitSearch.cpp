@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
-// The find dialog's lines, its prefix search and the taking apart of a chosen line.
+// The find dialog's lines, its prefix search (the cases are in find_texts.tsv) and the taking
+// apart of a chosen line.
+#include "convert/TestTable.h"
 #include "find/TestCatalogue.h"
 #include "find/UnitSearch.h"
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
+#include "support/DataRows.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -16,7 +19,6 @@ class tst_UnitSearch : public QObject
 
 private Q_SLOTS:
     void listsEnabledUnitsOfEnabledQuantitiesInCatalogueOrder();
-    void totalCountsQuantitiesAndLines();
     void find_data();
     void find();
     void parseLine_data();
@@ -25,100 +27,63 @@ private Q_SLOTS:
     void fullCustomQuantitiesAreListed();
 };
 
+// Enabled units of enabled quantities in catalogue order; an enabled quantity whose units are
+// all switched off still counts as a quantity.
 void tst_UnitSearch::listsEnabledUnitsOfEnabledQuantitiesInCatalogueOrder()
 {
-    const Catalogue catalogue = makeCatalogue({
-        { QStringLiteral("Length"),
-            { QStringLiteral("metre (m)"), QStringLiteral("-fermi"),
-                QStringLiteral("inch (in)") } },
-        { QStringLiteral("-Angle"), { QStringLiteral("radian (rad)") } },
-        { QStringLiteral("Area"), { QStringLiteral("acre") } },
-    });
-    const UnitSearch search(catalogue);
-    const QStringList expected { QStringLiteral("metre (m) [Length]"),
-        QStringLiteral("inch (in) [Length]"), QStringLiteral("acre [Area]") };
-    QCOMPARE(search.lines(), expected);
-}
-
-void tst_UnitSearch::totalCountsQuantitiesAndLines()
-{
-    // An enabled quantity whose units are all switched off still counts as a quantity.
-    const Catalogue catalogue = makeCatalogue({
-        { QStringLiteral("Length"), { QStringLiteral("metre"), QStringLiteral("inch") } },
-        { QStringLiteral("Angle"), { QStringLiteral("-radian") } },
-        { QStringLiteral("-Area"), { QStringLiteral("acre") } },
-        { QStringLiteral("Mass"), { QStringLiteral("gram") } },
-    });
-    const UnitSearch search(catalogue);
+    const UnitSearch search(makeCatalogue({
+        { "Length", { "metre (m)", "-fermi", "inch (in)" } },
+        { "-Angle", { "radian (rad)" } },
+        { "Area", { "acre", "are" } },
+        { "Mass", { "-gram" } },
+    }));
+    QCOMPARE(search.lines(),
+        QStringList({ "metre (m) [Length]", "inch (in) [Length]", "acre [Area]", "are [Area]" }));
     QCOMPARE(search.quantityCount(), 3);
-    QCOMPARE(search.totalText(), QStringLiteral("Total: 3 quantities and 3 units"));
+    QCOMPARE(search.totalText(), QStringLiteral("Total: 3 quantities and 4 units"));
 }
 
 void tst_UnitSearch::find_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("expected");
-
-    QTest::newRow("exact start") << "inch" << 1;
-    QTest::newRow("capitals find small letters") << "IN" << 1;
-    QTest::newRow("small letters find capitals") << "kelvin" << 3;
-    QTest::newRow("the first of several matches") << "m" << 0;
-    QTest::newRow("a later line when earlier ones differ") << "mil" << 2;
-    QTest::newRow("across the quantity bracket") << "inch (in) [le" << 1;
-    QTest::newRow("the whole line") << "Kelvin (K) [Temperature]" << 3;
-    QTest::newRow("no unit begins so") << "xyz" << -1;
-    QTest::newRow("inside a name is no match") << "nch" << -1;
-    QTest::newRow("longer than every line") << "inch (in) [Length] and more" << -1;
-    QTest::newRow("empty text finds the first line") << "" << 0;
-    QTest::newRow("non-ASCII letters ignore case") << "ÅNG" << 4;
+    addTestTableRows("find_texts.tsv", 3);
 }
 
 void tst_UnitSearch::find()
 {
-    QFETCH(QString, text);
-    QFETCH(int, expected);
+    QFETCH(QStringList, fields); // text, line found
     const Catalogue catalogue = makeCatalogue({
-        { QStringLiteral("Length"),
-            { QStringLiteral("metre (m)"), QStringLiteral("inch (in)"), QStringLiteral("mil") } },
-        { QStringLiteral("Temperature"),
-            { QStringLiteral("Kelvin (K)"), QStringLiteral("ångström (Å)") } },
+        { "Length", { "metre (m)", "inch (in)", "mil" } },
+        { "Temperature", { "Kelvin (K)", "ångström (Å)" } },
     });
-    QCOMPARE(UnitSearch(catalogue).find(text), expected);
+    QCOMPARE(UnitSearch(catalogue).find(fields[0]), fields[1].toInt());
 }
 
 void tst_UnitSearch::parseLine_data()
 {
     QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("parsed");
-    QTest::addColumn<QString>("unit");
+    QTest::addColumn<QString>("unit"); // "-": the line is refused
     QTest::addColumn<QString>("quantity");
-
-    QTest::newRow("plain line") << "inch (in) [Length]" << true << "inch (in)"
-                                << "Length";
-    QTest::newRow("quantity of several words")
-        << "kip per square inch (ksi) [Pressure or Stress]" << true << "kip per square inch (ksi)"
-        << "Pressure or Stress";
-    QTest::newRow("a '[' in the unit's name splits there")
-        << "widget [old] [Things]" << true << "widget"
-        << "old] [Things";
-    QTest::newRow("a line without '['") << "inch" << false << ""
-                                        << "";
-    QTest::newRow("a '[' first leaves no unit") << "[Length]" << true << ""
-                                                << "Length";
+    const char *const rows[][4] = {
+        { "plain line", "inch (in) [Length]", "inch (in)", "Length" },
+        { "quantity of several words", "kip per square inch (ksi) [Pressure or Stress]",
+            "kip per square inch (ksi)", "Pressure or Stress" },
+        { "a '[' in the unit's name splits there", "widget [old] [Things]", "widget",
+            "old] [Things" },
+        { "a line without '['", "inch", "-", "" },
+        { "a '[' first leaves no unit", "[Length]", "", "Length" },
+    };
+    addTextRows(rows);
 }
 
 void tst_UnitSearch::parseLine()
 {
     QFETCH(QString, line);
-    QFETCH(bool, parsed);
     QFETCH(QString, unit);
     QFETCH(QString, quantity);
     UnitSearch::Target target;
-    QCOMPARE(UnitSearch::parseLine(line, &target), parsed);
-    if (parsed) {
-        QCOMPARE(target.unit, unit);
-        QCOMPARE(target.quantity, quantity);
-    }
+    QCOMPARE(UnitSearch::parseLine(line, &target), unit != QStringLiteral("-"));
+    if (unit != QStringLiteral("-"))
+        QCOMPARE(target.unit + u'|' + target.quantity, unit + u'|' + quantity);
 }
 
 void tst_UnitSearch::everyBuiltinLineLeadsBackToItsUnit()
