@@ -3,12 +3,11 @@
 //
 // Printed reports: their lines, what a PDF of them reads back (every line in order, new pages
 // when needed, the heading larger than the rest), the offer of a PDF file on a computer without
-// a printer, and all conversions of one value, computed by the conversion engine and printed.
+// a printer, and all conversions of one value as the conversion engine computes them.
 #include "catalogue/Catalogue.h"
 #include "convert/ConversionEngine.h"
 #include "records/PrintReport.h"
 #include "records/ReportPrinter.h"
-#include "records/UnitReportCommands.h"
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 #include "support/RecordsFixture.h"
@@ -47,7 +46,6 @@ private slots:
     void noPrinterOffersPdf();
     void unitReportConverts_data();
     void unitReportConverts();
-    void printAllConversionsOfAValue();
 
 private:
     QTemporaryDir temp;
@@ -204,22 +202,6 @@ void tst_ReportPrinter::unitReportConverts()
         QCOMPARE(report.lines[i].toValue, engine.convertCaught(units[1], units[i], value).text);
     }
     QCOMPARE(raised.size(), notices);
-}
-
-// The main window's command, answered Yes, prints the report of the value.
-void tst_ReportPrinter::printAllConversionsOfAValue()
-{
-    if (!pdfToTextAvailable())
-        QSKIP("pdftotext (poppler-utils) is not installed");
-    UnitReportCommands commands(dialogs, nullptr);
-    commands.printer().defaultPrinter = [] { return QPrinterInfo(); };
-    const QString pdf = temp.filePath("all.pdf");
-    dialogs.answerQuestion(Dialogs::Yes);
-    dialogs.answerQuestion(Dialogs::Yes); // a PDF file instead
-    dialogs.answerSaveFile(pdf);
-    QCOMPARE(commands.printAll(Temperatures), ReportPrinter::SavedAsPdf);
-    QCOMPARE(dialogs.asked()[0].notice.icon, Notice::Exclamation);
-    QCOMPARE(pdfLines(pdf), simplifiedTexts(PrintReport::unitReport(Temperatures)));
 }
 
 QTEST_MAIN(tst_ReportPrinter)
