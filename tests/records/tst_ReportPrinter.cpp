@@ -160,7 +160,6 @@ void tst_ReportPrinter::noPrinterOffersPdf()
         dialogs.expectMessage();
 
     QCOMPARE(int(printer.print(PrintReport::markedReport({ numbered(12) }))), outcome);
-    QVERIFY(dialogs.asked()[0].notice.text.startsWith("No printer is set up on this computer."));
     if (answer == Dialogs::Yes)
         QCOMPARE(dialogs.asked()[1].defaultSuffix, "pdf");
     QCOMPARE(pdfLines(path).size(), outcome == ReportPrinter::SavedAsPdf ? 3 : 0);

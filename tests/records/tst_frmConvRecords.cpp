@@ -354,7 +354,6 @@ void tst_frmConvRecords::load()
         f->dialogs.expectMessage();
     f->action("mnuFileLoadConversions")->trigger();
 
-    QCOMPARE(f->dialogs.asked()[0].filter, "Text Files (*.txt)");
     const Records read = f->window->conversions().mid(1);
     if (message.contains("%1")) {
         QVERIFY(read.size() > 0 && read.size() < added.size());
