@@ -2,9 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // Conversions files written and read: the bytes written and the encoding chosen, what reads back
-// (every unit name of the catalogue, the numbering past 999), files of every kind and damage,
-// large ones included, and saves that fail or are cancelled, which must leave the old file as it
-// was.
+// (every unit name of the catalogue), files of every kind and damage, a large one, the numbering
+// past 999, and saves that fail or are cancelled, which must leave the old file as it was.
 #include "catalogue/Catalogue.h"
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
@@ -15,7 +14,6 @@
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
-#include <QRandomGenerator>
 #include <unistd.h>
 
 static QByteArray written(const Records &records)
@@ -23,6 +21,12 @@ static QByteArray written(const Records &records)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     return ConversionsFile::writeRecords(buffer, records).ok() ? buffer.data() : "failed";
+}
+
+static bool put(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
 }
 
 static QByteArray fileBytes(const QString &path)
@@ -36,18 +40,15 @@ class tst_ConversionsFile : public QObject
     Q_OBJECT
 
 private slots:
-    void bytesWritten_data();
-    void bytesWritten();
-    void readBack_data();
-    void readBack();
+    void writtenAndReadBack_data();
+    void writtenAndReadBack();
     void read_data();
     void read();
     void utf8IsRecognised_data();
     void utf8IsRecognised();
     void recordPositions_data();
     void recordPositions();
-    void largeFiles_data();
-    void largeFiles();
+    void largeFile();
     void readsInSteps();
     void saveProgress();
     void saveLeavesTheOldFileUnlessWhole_data();
@@ -55,67 +56,51 @@ private slots:
     void fullDiskIsReported();
 };
 
-void tst_ConversionsFile::bytesWritten_data()
+void tst_ConversionsFile::writtenAndReadBack_data()
 {
     QTest::addColumn<Records>("records");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("nothing to write ends after the two empty lines") << Records() << Opening;
-    QTest::newRow("records numbered from 1 with CR LF after the last")
-        << Records { conversion("12", "metre (m)", "39.370 08", "inch (in)", "Length"),
-               conversion("1", "erg  (dyne-centimetre)", "1E-7", "joule (J)", "Energy") }
-        << Opening
-            + "     1.     12  metre (m)  =  39.370 08  inch (in)  [Length]\r\n"
-              "     2.     1  erg  (dyne-centimetre)  =  1E-7  joule (J)  [Energy]\r\n";
-    QTest::newRow("degree, euro sign and quotes as the bytes of code page 1252")
-        << Records { conversion("100", "\u00B0C", "1", "\u20AC \u201Cx\u201D", "T") }
-        << Opening
-            + "     1.     100  \xB0"
-              "C  =  1  \x80 \x93x\x94  [T]\r\n";
-    QTest::newRow("a character outside code page 1252 makes the whole file UTF-8 with a mark")
-        << Records { conversion("1", "ohm (\u03A9)", "1", "V/A", "R"),
-               conversion("5", "\u00B5m", "5", "\u20AC", "q") }
-        << "\xEF\xBB\xBF" + Opening
-            + "     1.     1  ohm (\xCE\xA9)  =  1  V/A  [R]\r\n"
-              "     2.     5  \xC2\xB5m  =  5  \xE2\x82\xAC  [q]\r\n";
-    QTest::newRow("texts written as stored, blanks and commas included")
-        << Records { conversion(" 1 234.5 ", "a, b", "", "", "") }
-        << Opening + "     1.      1 234.5   a, b  =      []\r\n";
-}
-
-void tst_ConversionsFile::bytesWritten()
-{
-    QFETCH(Records, records);
-    QFETCH(QByteArray, expected);
-    QCOMPARE(written(records), expected);
-    QCOMPARE(ConversionsFile::encode(ConversionsFile::recordsText(records)), expected);
-}
-
-void tst_ConversionsFile::readBack_data()
-{
-    QTest::addColumn<Records>("records");
-    QTest::addColumn<QString>("encoding"); // "1252", "UTF-8" or "" for either
-    QTest::addColumn<Records>("expected"); // when not the records themselves
-    const auto row = [](const char *name, const QString &unit, const char *encoding) {
-        QTest::newRow(name) << Records { conversion("5", unit, "6", "\u00B0", "q") }
-                            << QString::fromLatin1(encoding) << Records();
+    QTest::addColumn<QByteArray>("bytes"); // written; "1252" or "UTF-8": only the encoding chosen
+    const auto row = [](const char *name, const Records &records, const QByteArray &bytes) {
+        QTest::newRow(name) << records << bytes;
     };
-    row("plain text and a degree sign", "metre (m)", "1252");
+    row("nothing to write ends after the two empty lines", {}, Opening);
+    row("records numbered from 1 with CR LF after the last",
+        { conversion("12", "metre (m)", "39.370 08", "inch (in)", "Length"),
+            conversion("1", "erg  (dyne-centimetre)", "1E-7", "joule (J)", "Energy") },
+        Opening
+            + "     1.     12  metre (m)  =  39.370 08  inch (in)  [Length]\r\n"
+              "     2.     1  erg  (dyne-centimetre)  =  1E-7  joule (J)  [Energy]\r\n");
+    row("degree, euro sign and quotes as the bytes of code page 1252",
+        { conversion("100", "\u00B0C", "1", "\u20AC \u201Cx\u201D", "T") },
+        Opening
+            + "     1.     100  \xB0"
+              "C  =  1  \x80 \x93x\x94  [T]\r\n");
+    row("a character outside code page 1252 makes the whole file UTF-8 with a mark",
+        { conversion("1", "ohm (\u03A9)", "1", "V/A", "R"),
+            conversion("5", "\u00B5m", "5", "\u20AC", "q") },
+        "\xEF\xBB\xBF" + Opening
+            + "     1.     1  ohm (\xCE\xA9)  =  1  V/A  [R]\r\n"
+              "     2.     5  \xC2\xB5m  =  5  \xE2\x82\xAC  [q]\r\n");
+    row("texts written as stored, blanks and commas included",
+        { conversion(" 1 234.5 ", "a, b", "", "", "") },
+        Opening + "     1.      1 234.5   a, b  =      []\r\n");
+
+    const auto unit
+        = [](const QString &unit) { return Records { conversion("5", unit, "6", "\u00B0", "q") }; };
+    row("plain text and a degree sign", unit("metre (m)"), "1252");
     // Code page 1252 only when its bytes cannot be taken for UTF-8 on reading.
-    row("1252 bytes that are no UTF-8 beside such bytes", "\u00C3\u00A9", "1252");
-    row("1252 signs side by side", "\u20AC\u201C\u00B1\u00B0\u00B5\u00B2\u201D", "1252");
-    row("a character outside 1252 beside such bytes", "\u00C3\u00A9\u03A9", "UTF-8");
-    row("a control character that 1252 lacks", "\u0080", "UTF-8");
+    row("1252 bytes that are no UTF-8 beside such bytes", unit("\u00C3\u00A9"), "1252");
+    row("1252 signs side by side", unit("\u20AC\u201C\u00B1\u00B0\u00B5\u00B2\u201D"), "1252");
+    row("a character outside 1252 beside such bytes", unit("\u00C3\u00A9\u03A9"), "UTF-8");
+    row("a control character that 1252 lacks", unit("\u0080"), "UTF-8");
     row("other scripts, quotes and brackets",
-        "\"\u0441\u0430\u0436\u0435\u043D\u044C\" [\U0001D400]", "UTF-8");
-    QTest::newRow("empty texts") << Records { conversion("5", "", "", "", "") } << "1252"
-                                 << Records();
+        unit("\"\u0441\u0430\u0436\u0435\u043D\u044C\" [\U0001D400]"), "UTF-8");
+    row("empty texts", { conversion("5", "", "", "", "") }, "1252");
     const MarkedConversion mojibake
         = conversion("1", "\u00C3\u00A9", "1", "\u00E2\u201A\u00AC", "q");
-    QTest::newRow("1252 bytes that would read as UTF-8")
-        << Records { mojibake } << "UTF-8" << Records();
-    QTest::newRow("such bytes, and no UTF-8 in another record")
-        << Records { mojibake, conversion("2", "a", "2", "\u00E9t\u00E9", "q") } << "1252"
-        << Records();
+    row("1252 bytes that would read as UTF-8", { mojibake }, "UTF-8");
+    row("such bytes, and no UTF-8 in another record",
+        { mojibake, conversion("2", "a", "2", "\u00E9t\u00E9", "q") }, "1252");
 
     // Every unit name of the catalogue, except those holding a comma (which the reading splits
     // on purpose), in files of fewer than 1000 records, so that every record reads back whole.
@@ -136,33 +121,30 @@ void tst_ConversionsFile::readBack_data()
     QVERIFY(units.size() > 500);
     for (qsizetype first = 0; first < units.size(); first += 999)
         QTest::addRow("catalogue units from record %d", int(first + 1))
-            << units.mid(first, 999) << QString() << Records();
-
-    // From record 1000 on the number column is one character wider than the reader skips: the
-    // first value comes out empty and the unit starts with it.
-    Records many, read;
-    for (int i = 1; i <= 1005; ++i) {
-        many.append(conversion(QString::number(i), "m", "3", "ft", "Length"));
-        read.append(i < 1000 ? many.last()
-                             : conversion("", QString::number(i) + "  m", "3", "ft", "Length"));
-    }
-    QTest::newRow("records past 999") << many << QStringLiteral("1252") << read;
+            << units.mid(first, 999) << QByteArray();
 }
 
-// Whatever encoding the writer picks, the reader must take the bytes for that encoding.
-void tst_ConversionsFile::readBack()
+// The bytes written, by every way of writing them; whatever encoding the writer picks, the
+// reader must take the bytes for that encoding.
+void tst_ConversionsFile::writtenAndReadBack()
 {
     QFETCH(Records, records);
-    QFETCH(QString, encoding);
-    QFETCH(Records, expected);
+    QFETCH(QByteArray, bytes);
     QTemporaryDir temp;
     const QString path = temp.filePath("conversions.txt");
     QVERIFY(ConversionsFile::saveRecords(path, records).ok());
-    if (!encoding.isEmpty())
-        QCOMPARE(fileBytes(path).startsWith("\xEF\xBB\xBF"), encoding == "UTF-8");
+    const QByteArray saved = fileBytes(path);
+    QCOMPARE(written(records), saved);
+    QCOMPARE(ConversionsFile::encode(ConversionsFile::recordsText(records)), saved);
+    if (bytes == "UTF-8" || bytes == "1252")
+        QCOMPARE(saved.startsWith("\xEF\xBB\xBF"), bytes == "UTF-8");
+    else if (!bytes.isEmpty())
+        QCOMPARE(saved, bytes);
+    if (bytes.contains(','))
+        return; // a comma ends a field on reading
     const ConversionsReader::Result result = ConversionsReader::readFile(path);
     QCOMPARE(result.status, ConversionsReader::Finished);
-    QCOMPARE(result.records, expected.isEmpty() ? records : expected);
+    QCOMPARE(result.records, records);
 }
 
 void tst_ConversionsFile::read_data()
@@ -195,11 +177,6 @@ void tst_ConversionsFile::read_data()
     row("empty file", "", Foreign);
     row("heading in other case", "CONVERSION report\r\n" + one, Foreign);
     row("heading with a letter missing", "Conversio report\r\n" + one, Foreign);
-    row("UTF-16 file",
-        QByteArray("\xFF\xFE"
-                   "C\0o\0n\0v\0e\0r\0s\0i\0o\0n\0",
-            22),
-        Foreign);
     row("no such file", QByteArray(), ConversionsReader::Unreadable);
 
     row("records must start at number 1", Opening + "     2.     1  a  =  2  b  [q]\r\n", Finished);
@@ -207,14 +184,10 @@ void tst_ConversionsFile::read_data()
         Opening + "some remark\r\n\r\nmore, and more\r\n" + one, Finished, oneRead);
     row("a line without separators ends reading, earlier records stay",
         Opening + one + "     2.     no separators here\r\n" + one, BadRecord, oneRead, 6);
-    row("so does an empty line among the records", Opening + one + "\r\n" + one, BadRecord, oneRead,
-        6);
-    row("so does it with LF line ends", QByteArray(Opening + one + "\r\n" + one).replace("\r", ""),
-        BadRecord, oneRead, 6);
+    row("so does an empty line among LF line ends",
+        QByteArray(Opening + one + "\r\n" + one).replace("\r", ""), BadRecord, oneRead, 6);
     row("so does it with CR line ends",
         QByteArray(Opening + one + "broken\r\n").replace("\r\n", "\r"), BadRecord, oneRead, 6);
-    row("a first record with nothing after its number", Opening + "     1.     \r\n", BadRecord, {},
-        5);
     row("nothing after the quantity's opening bracket", Opening + "     1.     1  a  =  2  b  [",
         BadRecord, {}, 5);
     row("empty quantity between the brackets", Opening + "     1.     1  a  =  2  b  []\r\n",
@@ -254,10 +227,7 @@ void tst_ConversionsFile::read()
     const QString path = temp.filePath("conversions.txt");
     QList<ConversionsReader::Result> results { ConversionsReader::readFile(path) };
     if (!bytes.isNull()) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
-        file.close();
+        QVERIFY(put(path, bytes));
         results = { ConversionsReader::readFile(path), ConversionsReader::readBytes(bytes) };
     }
     for (const auto &result : results) {
@@ -268,9 +238,7 @@ void tst_ConversionsFile::read()
             QVERIFY(!result.errorText.isEmpty());
         QCOMPARE(result.notice.has_value(), status == ConversionsReader::Foreign);
         if (result.notice)
-            QCOMPARE(result.notice->text,
-                QStringLiteral("This file was not generated by Mensura. "
-                               "Only Mensura files can be opened"));
+            QVERIFY(result.notice->text.startsWith("This file was not generated by Mensura."));
     }
 }
 
@@ -291,9 +259,6 @@ void tst_ConversionsFile::utf8IsRecognised_data()
         "defgh",
         false);
     row("1252 euro sign alone", "\x80", false);
-    row("two 1252 signs", "\xB1\xB0", false);
-    row("three 1252 signs", "\xB1\xB0\xB5", false);
-    row("four 1252 signs", "\xB1\xB0\xB5\xB2", false);
     row("UTF-8 then a 1252 sign", "\xC3\xA9\xB0", false);
     row("overlong two-byte form", "\xC1\xBF", false);
     row("overlong three-byte form", "\xE0\x9F\xBF", false);
@@ -324,6 +289,9 @@ void tst_ConversionsFile::recordPositions_data()
     const auto row = [](const char *name, const char *field, const MarkedConversion &expected) {
         QTest::newRow(name) << QString::fromUtf8(field) << expected;
     };
+    row("record 999 reads whole", "999.     5  a  =  6  b  [q]",
+        conversion("5", "a", "6", "b", "q"));
+    // From record 1000 on the number is wider than the reader skips.
     row("record 10000: the value runs into the unit", "10000.     5  a  =  6  b  [q]",
         conversion("", " 5  a", "6", "b", "q"));
     row("a double blank inside the second value moves it into the unit",
@@ -346,47 +314,25 @@ void tst_ConversionsFile::recordPositions()
     QCOMPARE(record, expected);
 }
 
-void tst_ConversionsFile::largeFiles_data()
+// Neither a crash nor a wait: 50 MB of records with long names read at once.
+void tst_ConversionsFile::largeFile()
 {
-    QTest::addColumn<QByteArray>("start");
-    QTest::addColumn<int>("status");
-    QTest::newRow("50 MB of binary garbage") << QByteArray() << int(ConversionsReader::Foreign);
-    QTest::newRow("50 MB of records with long names")
-        << Opening << int(ConversionsReader::Finished);
-    QTest::newRow("a record line of 50 MB without separators")
-        << Opening + "     1.     " << int(ConversionsReader::BadRecord);
-}
-
-// Neither a crash nor a wait: a large file reads at once.
-void tst_ConversionsFile::largeFiles()
-{
-    QFETCH(QByteArray, start);
-    QFETCH(int, status);
     QTemporaryDir temp;
     QFile file(temp.filePath("large.txt"));
     QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(start);
+    file.write(Opening);
     const QString longName(4000, u'n');
     int records = 0;
-    QRandomGenerator random(7);
-    QByteArray block(1 << 20, 'x');
-    while (file.size() < 50 * 1024 * 1024) {
-        if (start.isEmpty())
-            random.fillRange(reinterpret_cast<quint32 *>(block.data()), block.size() / 4);
-        if (status == ConversionsReader::Finished)
-            block = ConversionsFile::recordLine(++records, "1", longName, "2", longName, "q")
-                        .toLatin1()
-                + "\r\n";
-        file.write(block);
-    }
+    while (file.size() < 50 * 1024 * 1024)
+        file.write(
+            ConversionsFile::recordLine(++records, "1", longName, "2", longName, "q").toLatin1()
+            + "\r\n");
     file.close();
     const auto result = ConversionsReader::readFile(file.fileName());
-    QCOMPARE(int(result.status), status);
+    QCOMPARE(result.status, ConversionsReader::Finished);
     QCOMPARE(result.records.size(), records);
-    if (records > 0) {
-        QCOMPARE(result.records.first(), conversion("1", longName, "2", longName, "q"));
-        QCOMPARE(result.records.last().toUnit, longName);
-    }
+    QCOMPARE(result.records.first(), conversion("1", longName, "2", longName, "q"));
+    QCOMPARE(result.records.last().toUnit, longName);
 }
 
 void tst_ConversionsFile::readsInSteps()
@@ -437,9 +383,7 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole_data()
     QTest::newRow("cancelled half-way") << "cancel" << int(ConversionsFile::WriteResult::Cancelled);
     QTest::newRow("folder without write permission") << "readonly" << Failed;
     QTest::newRow("target is a read-only file") << "readonlyfile" << Failed;
-    QTest::newRow("folder removed before saving") << "vanished" << Failed;
     QTest::newRow("folder path is a file") << "file" << Failed;
-    QTest::newRow("system folder that takes no files") << "proc" << Failed;
 }
 
 void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
@@ -451,23 +395,15 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
     QDir().mkdir(folder);
     const QString kept = folder + "/conversions.txt";
     const QByteArray old = how == "longer" ? QByteArray(100000, 'x') : "the user's own file\r\n";
-    {
-        QFile existing(kept);
-        QVERIFY(existing.open(QIODevice::WriteOnly));
-        existing.write(old);
-    }
+    QVERIFY(put(kept, old));
     QString target = kept;
     if (how.startsWith("readonly")) {
         if (geteuid() == 0)
             QSKIP("permissions do not stop the superuser");
         QFile::setPermissions(
             how == "readonly" ? folder : kept, QFile::ReadOwner | QFile::ExeOwner);
-    } else if (how == "vanished") {
-        QDir(folder).removeRecursively();
     } else if (how == "file") {
         target = kept + "/inside.txt";
-    } else if (how == "proc") {
-        target = QStringLiteral("/proc/conversions.txt");
     }
     int calls = 0;
     const Records records(how == "cancel" ? 5000 : 1, conversion("1", "a", "2", "b", "q"));
@@ -478,12 +414,9 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
     QCOMPARE(int(result.status), status);
     QCOMPARE(result.errorText.isEmpty(), status != ConversionsFile::WriteResult::Failed);
     QVERIFY(!QFile::exists(target) || target == kept);
-    if (how != "vanished") {
-        QCOMPARE(fileBytes(kept), status == 0 ? written(records) : old);
-        // No file half written is left beside it.
-        QCOMPARE(
-            QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
-    }
+    QCOMPARE(fileBytes(kept), status == 0 ? written(records) : old);
+    // No file half written is left beside it.
+    QCOMPARE(QDir(folder).entryList(QDir::Files | QDir::Hidden), QStringList { "conversions.txt" });
 }
 
 void tst_ConversionsFile::fullDiskIsReported()

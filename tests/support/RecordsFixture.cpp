@@ -12,16 +12,12 @@
 #include <QListView>
 
 RecordsFixture::RecordsFixture()
-    : store(std::make_unique<SettingsStore>(
-        std::make_unique<HiveFile>(temp.filePath(QStringLiteral("hive.reg")))))
+    : store(std::make_unique<SettingsStore>(std::make_unique<HiveFile>(temp.filePath("hive.reg"))))
 {
     reopen();
 }
 
-RecordsFixture::~RecordsFixture()
-{
-    window.reset();
-}
+RecordsFixture::~RecordsFixture() = default;
 
 void RecordsFixture::reopen()
 {
@@ -31,17 +27,17 @@ void RecordsFixture::reopen()
 
 QListView *RecordsFixture::list() const
 {
-    return window->findChild<QListView *>(QStringLiteral("lstConvRecords"));
+    return window->findChild<QListView *>("lstConvRecords");
 }
 
 QAction *RecordsFixture::action(const char *name) const
 {
-    return window->findChild<QAction *>(QLatin1String(name));
+    return window->findChild<QAction *>(name);
 }
 
 QString RecordsFixture::panel(const char *name) const
 {
-    return window->findChild<QLabel *>(QLatin1String(name))->text();
+    return window->findChild<QLabel *>(name)->text();
 }
 
 void RecordsFixture::select(const QList<int> &rows)
@@ -55,68 +51,23 @@ void RecordsFixture::select(const QList<int> &rows)
 QStringList RecordsFixture::shownLines() const
 {
     QStringList lines;
-    const QAbstractItemModel *model = list()->model();
-    for (int row = 0; row < model->rowCount(); ++row)
-        lines.append(model->index(row, 0).data().toString());
+    for (int row = 0; row < list()->model()->rowCount(); ++row)
+        lines.append(list()->model()->index(row, 0).data().toString());
     return lines;
 }
 
 void RecordsFixture::addNumbered(int n)
 {
     for (int i = 1; i <= n; ++i) {
-        const MarkedConversion record = numbered(i);
-        window->AddConv(
-            record.fromValue, record.fromUnit, record.toValue, record.toUnit, record.quantity);
+        const MarkedConversion r = numbered(i);
+        window->AddConv(r.fromValue, r.fromUnit, r.toValue, r.toUnit, r.quantity);
     }
 }
 
 QString RecordsFixture::writeFile(const QString &name, const QByteArray &bytes)
 {
-    const QString path = temp.filePath(name);
-    QFile file(path);
+    QFile file(temp.filePath(name));
     if (file.open(QIODevice::WriteOnly))
         file.write(bytes);
-    return path;
-}
-
-bool RecordsFixture::selectQuantity(const QString &name)
-{
-    skipWasSet = session.SkipNextUpdate;
-    calls.append(QStringLiteral("quantity ") + name);
-    if (!units.contains(name))
-        return false;
-    m_quantity = name;
-    return true;
-}
-
-bool RecordsFixture::selectLeftUnit(const QString &unit)
-{
-    calls.append(QStringLiteral("left ") + unit);
-    return units.value(m_quantity).contains(unit);
-}
-
-bool RecordsFixture::selectRightUnit(const QString &unit)
-{
-    calls.append(QStringLiteral("right ") + unit);
-    return units.value(m_quantity).contains(unit);
-}
-
-void RecordsFixture::setValueText(const QString &text)
-{
-    calls.append(QStringLiteral("value ") + text);
-}
-
-void RecordsFixture::refreshResult()
-{
-    calls.append(QStringLiteral("refresh"));
-}
-
-void RecordsFixture::focusValue()
-{
-    calls.append(QStringLiteral("focus"));
-}
-
-void RecordsFixture::markedCountChanged(int count)
-{
-    counts.append(count);
+    return file.fileName();
 }
