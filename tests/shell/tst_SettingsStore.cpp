@@ -163,7 +163,8 @@ void tst_SettingsStore::damagedFileIsKeptBeforeItIsOverwritten_data()
         QTest::newRow(what) << bytes << QString::fromLatin1(kept);
     };
     row("truncated in a value", good + "\"b\"=\"unfinish");
-    row("truncated in a key line", good + "[HKEY_CURRENT_USER\\Softw");
+    row("a key line without its bracket, the values after it dropped",
+        good + "[HKEY_CURRENT_USER\\Softw\r\n\"a\"=\"2\"\r\n");
     row("binary garbage after the values",
         good + QByteArray("\x00\xff\xfe\x01\x9c junk\r\n\x7f", 13));
     row("not UTF-8", good + "\"b\"=\"\xB0\"\r\n");
@@ -232,6 +233,9 @@ void tst_SettingsStore::savesAtOnceOrInBatches()
         QVERIFY(!fileBytes().contains("\"a\"")); // the inner batch does not save
     }
     QVERIFY(fileBytes().contains("\"a\"=\"1\"\r\n\"b\"=\"2\""));
+    QFile::remove(m_file);
+    QVERIFY(store->close()); // nothing changed since the last save: no second write
+    QVERIFY(!QFile::exists(m_file));
 
     // A read-only store never writes its file.
     QFile::remove(m_file);
