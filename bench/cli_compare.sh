@@ -20,14 +20,7 @@ LINES=${LINES:-100000}
 RUNS=${RUNS:-20}
 
 command -v units >/dev/null || { echo "GNU units is needed: apt-get install units" >&2; exit 1; }
-cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DMENSURA_BUILD_TESTS=OFF >/dev/null
-cmake --build "$BUILD" --target mensura-cli -- -j2 >/dev/null
-CLI=$PWD/$BUILD/src/cli/mensura-cli
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-hive=$work/empty.reg
-printf 'Windows Registry Editor Version 5.00\r\n\r\n' >"$hive"
+source bench/cli_setup.sh
 
 # The same conversions for both: Mensura's unit names (with the quantity) and GNU units' ones.
 awk -v lines="$LINES" -v batch="$work/batch.tsv" -v pairs="$work/pairs.txt" 'BEGIN {

@@ -17,14 +17,7 @@ BUILD=${BUILD:-build-release}
 LINES=${LINES:-100000}
 RUNS=${RUNS:-20}
 
-cmake -S . -B "$BUILD" -G Ninja -DCMAKE_BUILD_TYPE=Release -DMENSURA_BUILD_TESTS=OFF >/dev/null
-cmake --build "$BUILD" --target mensura-cli -- -j2 >/dev/null
-CLI=$PWD/$BUILD/src/cli/mensura-cli
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-hive=$work/empty.reg
-printf 'Windows Registry Editor Version 5.00\r\n\r\n' >"$hive"
+source bench/cli_setup.sh
 lines=${KEEP:-$work/spellings.tsv}
 
 awk -v lines="$LINES" 'BEGIN {
