@@ -239,6 +239,8 @@ void tst_Catalogue::customQuantityWithItsUnits()
                 .contains("Réaumur"));
     QCOMPARE(catalogue.Quantities[catalogue.findQuantity(QStringLiteral("Angle"))].UnitCount,
         Catalogue::MaxUnits);
+    // A quantity number out of range names no units.
+    QVERIFY(catalogue.enabledUnitNames(0).isEmpty() && catalogue.enabledUnitNames(47).isEmpty());
 }
 
 void tst_Catalogue::savedCatalogueLoadsBackTheSame()
