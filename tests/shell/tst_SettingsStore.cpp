@@ -173,7 +173,7 @@ void tst_SettingsStore::damagedFileIsKeptBeforeItIsOverwritten_data()
     row("a value without its equals sign", good + "\"b\" \"2\"\r\n");
     row("duplicate value, the last one counts", good + "\"A\"=\"2\"\r\n", "2");
     row("duplicate key, the values merge",
-        good + "[HKEY_CURRENT_USER\\Software\\Mensura\\SETTINGS]\r\n\"a\"=\"2\"\r\n", "2");
+        good + "[HKEY_CURRENT_USER\\Software\\Mensura\\SETTINGS]\r\n\"b\"=\"2\"\r\n");
     row("no header", QByteArray(good).remove(0, 40));
     row("values before any key", "\"x\"=\"y\"\r\n" + good);
     row("key of another hive", good + "[HKEY_LOCAL_MACHINE\\Software\\Evil]\r\n");
