@@ -6,15 +6,10 @@
 // window.
 #include "find/frmFind.h"
 #include "help/HelpTopics.h"
-#include "main/QuantityTabBar.h"
 #include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/MainWindowFixture.h"
 
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalSpy>

@@ -4,14 +4,11 @@
 // The main window's layout in both interface styles: at the smallest size the window allows,
 // every control still gets the room it asks for and none lies on another; when the window
 // grows, the two sides share the width and the lists take the height. Run also at 200 % scale.
-#include "main/QuantityTabBar.h"
-#include "main/StatusPanel.h"
 #include "support/GuiTestMain.h"
 #include "support/MainWindowFixture.h"
 
 #include <QLabel>
 #include <QLayout>
-#include <QListWidget>
 #include <QToolButton>
 
 class tst_frmMainLayout : public QObject, MainWindowFixture
