@@ -56,16 +56,14 @@ private slots:
     void significantFigures();
     void clipboard_data();
     void clipboard();
-    void swap();
+    void conversionAfterACommand_data();
+    void conversionAfterACommand();
     void menusApplyTheirRulesWhenTheyOpen();
     void markAddAllAndDelete();
-    void statusPanels_data();
-    void statusPanels();
+    void doubleClickOnAPanelActsOnce();
     void overflowChangesNothingElse();
     void helpLines();
-    void rightClickLeavesSelection();
     void alwaysOnTop();
-    void optionsChangeTheWindow();
 };
 
 void tst_frmMain::mainRoad()
@@ -109,8 +107,6 @@ void tst_frmMain::resultFollowsEveryKindOfChange_data()
     const char *rows[][3] = {
         { "a value picked from the history by keyboard", "history", "72.00000" },
         { "a target unit selected without moving the current row", "selection", "0.3048000" },
-        { "a target unit chosen by another window", "control", "1.000000" },
-        { "a value put in by another window", "control value", "36.00000" },
     };
     addTextRows(rows);
 }
@@ -127,18 +123,11 @@ void tst_frmMain::resultFollowsEveryKindOfChange()
     if (how == u"history") {
         QTest::keyClick(value()->lineEdit(), Qt::Key_Down);
         QCOMPARE(value()->currentText(), QStringLiteral("6"));
-    } else if (how == u"selection") {
+    } else {
         // What assistive technology does: the row is selected, the current row stays.
         const QModelIndex metre = right()->model()->index(0, 0);
         right()->selectionModel()->select(metre, QItemSelectionModel::ClearAndSelect);
         QCOMPARE(right()->currentRow(), 2);
-    } else if (how == u"control") {
-        // The first row of either list can be chosen too.
-        QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("metre")));
-        QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("metre")));
-        QVERIFY(!m_program->window()->selectRightUnit(QStringLiteral("furlong")));
-    } else {
-        m_program->window()->setValueText(QStringLiteral("3"));
     }
     QCOMPARE(result()->text(), expected);
 }
@@ -254,6 +243,7 @@ void tst_frmMain::quantityRemembersItsConversion()
     QCOMPARE(value()->currentText(), QStringLiteral("0.25"));
     QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
     QVERIFY(!m_program->window()->selectQuantity(QStringLiteral("No Such Quantity")));
+    QVERIFY(!m_program->window()->selectRightUnit(QStringLiteral("furlong")));
     // A value the program put back is followed by the user's own change at once.
     QTest::keyClick(value()->lineEdit(), Qt::Key_End);
     QTest::keyClick(value()->lineEdit(), Qt::Key_5);
@@ -492,20 +482,6 @@ void tst_frmMain::clipboard()
         QCOMPARE(QGuiApplication::clipboard()->text(), copied);
 }
 
-void tst_frmMain::swap()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
-    action("mnueditswitch")->trigger();
-    QCOMPARE(selected(left()), QStringLiteral("inch"));
-    QCOMPARE(selected(right()), QStringLiteral("foot"));
-    QCOMPARE(value()->currentText(), QStringLiteral("12"));
-    QCOMPARE(result()->text(), QStringLiteral("1.000000"));
-    action("mnuview2switch")->trigger();
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(result()->text(), QStringLiteral("144.0000"));
-}
-
 // The rules themselves are MenuRules's; here: each menu applies its rule as it opens.
 void tst_frmMain::menusApplyTheirRulesWhenTheyOpen()
 {
@@ -578,39 +554,63 @@ void tst_frmMain::markAddAllAndDelete()
     QVERIFY(action("mnurecordsadd")->isEnabled());
 }
 
-void tst_frmMain::statusPanels_data()
+// Through the window system, which makes press, release, press, double-click, release: a
+// double-click on Mark marks once, one on Sci turns scientific notation on and leaves it on.
+void tst_frmMain::doubleClickOnAPanelActsOnce()
 {
-    QTest::addColumn<int>("n");
-    QTest::addColumn<bool>("doubleClick");
-    QTest::addColumn<int>("marked");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("a click on Mark marks") << 2 << false << 1 << "144.0000";
-    QTest::newRow("a click on Sci turns scientific notation on")
-        << 4 << false << 0 << "1.440000E+2";
-    // Through the window system, which makes press, release, press, double-click, release.
-    QTest::newRow("a double-click on Mark marks once") << 2 << true << 1 << "144.0000";
-    QTest::newRow("a double-click on Sci turns it on once") << 4 << true << 0 << "1.440000E+2";
+    QVERIFY(start());
+    showFeetInInches(QStringLiteral("12"));
+    frmMain *window = m_program->window();
+    for (const int n : { 2, 4 })
+        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {},
+            panel(n)->mapTo(window, panel(n)->rect().center()));
+    const frmMain::MarkedLine marked { "12", "foot", "144.0000", "inch", Lengths };
+    QCOMPARE(window->markedConversions(), QList { marked });
+    QCOMPARE(result()->text(), QStringLiteral("1.440000E+2"));
+    QVERIFY(panel(4)->isPanelEnabled());
+    QVERIFY(m_program->startup().settings().Scientific);
 }
 
-void tst_frmMain::statusPanels()
+void tst_frmMain::conversionAfterACommand_data()
 {
-    QFETCH(int, n);
-    QFETCH(bool, doubleClick);
-    QFETCH(int, marked);
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<QString>("units"); // the units selected afterwards, left and right
+    QTest::addColumn<QString>("shown");
+    const char *rows[][4] = {
+        { "Switch Units in the Edit menu", "mnueditswitch", "inch foot", "1.000000" },
+        { "Switch Units in the pop-up menu", "mnuview2switch", "inch foot", "1.000000" },
+        { "a right click on another unit selects nothing", "right click", "foot inch", "144.0000" },
+        // Quantities switched off and the interface style: tst_OptionsFromMainWindow.
+        { "options: a unit switched off and four figures", "options", "foot inch", "144.0" },
+    };
+    addTextRows(rows);
+}
+
+void tst_frmMain::conversionAfterACommand()
+{
+    QFETCH(QString, command);
+    QFETCH(QString, units);
     QFETCH(QString, shown);
     QVERIFY(start());
     showFeetInInches(QStringLiteral("12"));
-    QVERIFY(!panel(4)->isPanelEnabled());
-    frmMain *window = m_program->window();
-    const QPoint centre = panel(n)->mapTo(window, panel(n)->rect().center());
-    if (doubleClick)
-        QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {}, centre);
-    else
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {}, centre);
-    QCOMPARE(int(window->markedConversions().size()), marked);
+    if (command.startsWith(u"mnu")) {
+        action(qPrintable(command))->trigger();
+    } else if (command == u"right click") {
+        const QPoint metre = left()->visualItemRect(left()->item(0)).center();
+        QTest::mousePress(left()->viewport(), Qt::RightButton, {}, metre);
+        QTest::mouseRelease(left()->viewport(), Qt::RightButton, {}, metre);
+    } else {
+        Catalogue &catalogue = m_program->startup().catalogue();
+        const int q = catalogue.findQuantity(Lengths);
+        catalogue.Units[q][catalogue.findUnit(q, QStringLiteral("metre"))].OnOff = 0;
+        m_program->startup().settings().SigFigs = 4;
+        m_program->window()->optionsChanged();
+        QVERIFY(left()->findItems(QStringLiteral("metre"), Qt::MatchExactly).isEmpty());
+    }
+    QCOMPARE(currentQuantity(), Lengths);
+    QCOMPARE(selected(left()) + u' ' + selected(right()), units);
+    QCOMPARE(value()->currentText(), QStringLiteral("12"));
     QCOMPARE(result()->text(), shown);
-    QCOMPARE(panel(4)->isPanelEnabled(), n == 4);
-    QCOMPARE(m_program->startup().settings().Scientific, n == 4);
 }
 
 void tst_frmMain::overflowChangesNothingElse()
@@ -661,17 +661,6 @@ void tst_frmMain::helpLines()
     QTRY_COMPARE(bar->currentMessage(), QString());
 }
 
-void tst_frmMain::rightClickLeavesSelection()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
-    const QPoint metre = left()->visualItemRect(left()->item(0)).center();
-    QTest::mousePress(left()->viewport(), Qt::RightButton, {}, metre);
-    QTest::mouseRelease(left()->viewport(), Qt::RightButton, {}, metre);
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(result()->text(), QStringLiteral("144.0000"));
-}
-
 void tst_frmMain::alwaysOnTop()
 {
     QVERIFY(start());
@@ -685,24 +674,6 @@ void tst_frmMain::alwaysOnTop()
     action("mnualwaystoponoff_1")->trigger();
     QVERIFY(!window->isTopmost());
     QVERIFY(window->isVisible());
-}
-
-void tst_frmMain::optionsChangeTheWindow()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
-    // A unit switched off and the figures changed: the conversion shown stays. (Quantities
-    // switched off and the interface style: tst_OptionsFromMainWindow.)
-    Catalogue &catalogue = m_program->startup().catalogue();
-    const int q = catalogue.findQuantity(Lengths);
-    catalogue.Units[q][catalogue.findUnit(q, QStringLiteral("metre"))].OnOff = 0;
-    m_program->startup().settings().SigFigs = 4;
-    m_program->window()->optionsChanged();
-    QCOMPARE(currentQuantity(), Lengths);
-    QVERIFY(left()->findItems(QStringLiteral("metre"), Qt::MatchExactly).isEmpty());
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(selected(right()), QStringLiteral("inch"));
-    QCOMPARE(result()->text(), QStringLiteral("144.0"));
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmMain)

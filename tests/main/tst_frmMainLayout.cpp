@@ -74,18 +74,10 @@ void tst_frmMainLayout::nothingOverlapsAtMinimumSize_data()
 void tst_frmMainLayout::addWholeCatalogue()
 {
     // As many quantities as the built-in catalogue has, with names as long as its names.
-    const char *names[] = { "Acceleration", "Angle", "Angular Velocity", "Area", "Capacitance",
-        "Charge", "Conductance", "Density", "Dynamic Viscosity", "Electric Field Strength",
-        "Energy", "Flow", "Force", "Illuminance", "Kinematic Viscosity", "Length", "Luminance",
-        "Magnetic Field Strength", "Magnetic Flux", "Magnetic Flux Density", "Magnetomotive Force",
-        "Mass", "Power", "Power Density", "Pressure or Stress", "Thermal Conductivity", "Time",
-        "Torque", "Velocity", "Volume", "Specific Heat Capacity", "Heat Capacity",
-        "Mass Divided by Time", "Permeability", "Force Divided by Length",
-        "Coefficient of Heat Transfer", "Density of Heat Flow Rate", "Heat Flow Rate",
-        "Mass Divided by Area", "Mass Divided by Length", "Thermal Resistivity",
-        "Temperature Interval" };
-    for (const char *name : names)
-        m_hive->addQuantity(QStringLiteral("Test ") + QString::fromLatin1(name),
+    const char *names[] = { "Acceleration", "Angular Velocity", "Electric Field Strength", "Flow",
+        "Magnetic Flux Density", "Coefficient of Heat Transfer" };
+    for (int i = 0; i < 42; ++i)
+        m_hive->addQuantity(QStringLiteral("Test %1 %2").arg(i).arg(QLatin1String(names[i % 6])),
             { { QStringLiteral("unit"), QStringLiteral("x1") } });
 }
 
@@ -119,13 +111,7 @@ void tst_frmMainLayout::nothingOverlapsAtMinimumSize()
         const QSize wanted = qobject_cast<const QLabel *>(control) ? control->sizeHint()
             : control->minimumSize().isEmpty()                     ? control->minimumSizeHint()
                                                                    : control->minimumSize();
-        QVERIFY2(place.width() >= wanted.width() && place.height() >= wanted.height(),
-            qPrintable(QStringLiteral("%1 is %2 x %3, needs %4 x %5")
-                           .arg(QString::fromLatin1(name))
-                           .arg(place.width())
-                           .arg(place.height())
-                           .arg(wanted.width())
-                           .arg(wanted.height())));
+        QVERIFY2(place.size().expandedTo(wanted) == place.size(), name);
         for (const auto &[other, otherPlace] : places)
             QVERIFY2(!place.intersects(otherPlace),
                 qPrintable(QString::fromLatin1(name) + QStringLiteral(" lies on ") + other));
