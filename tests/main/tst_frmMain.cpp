@@ -107,6 +107,7 @@ void tst_frmMain::resultFollowsEveryKindOfChange_data()
     const char *rows[][3] = {
         { "a value picked from the history by keyboard", "history", "72.00000" },
         { "a target unit selected without moving the current row", "selection", "0.3048000" },
+        { "the first row of either list chosen by another window", "control", "1.000000" },
     };
     addTextRows(rows);
 }
@@ -123,11 +124,14 @@ void tst_frmMain::resultFollowsEveryKindOfChange()
     if (how == u"history") {
         QTest::keyClick(value()->lineEdit(), Qt::Key_Down);
         QCOMPARE(value()->currentText(), QStringLiteral("6"));
-    } else {
+    } else if (how == u"selection") {
         // What assistive technology does: the row is selected, the current row stays.
         const QModelIndex metre = right()->model()->index(0, 0);
         right()->selectionModel()->select(metre, QItemSelectionModel::ClearAndSelect);
         QCOMPARE(right()->currentRow(), 2);
+    } else {
+        QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("metre")));
+        QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("metre")));
     }
     QCOMPARE(result()->text(), expected);
 }
