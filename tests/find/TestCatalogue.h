@@ -27,10 +27,7 @@ inline Catalogue makeCatalogue(const std::vector<std::pair<QString, QStringList>
             UnitEntry &unit = catalogue.unit(q, j);
             unit.Name = unitName.startsWith(QLatin1Char('-')) ? unitName.mid(1) : unitName;
             unit.OnOff = unitName.startsWith(QLatin1Char('-')) ? 0 : 1;
-            unit.Factor = j;
-            unit.FactorText = QString::number(j);
         }
-        quantity.DefaultUnit = catalogue.unit(q, 1).Name;
     }
     return catalogue;
 }

@@ -24,7 +24,6 @@ private Q_SLOTS:
     void parseLine_data();
     void parseLine();
     void everyBuiltinLineLeadsBackToItsUnit();
-    void fullCustomQuantitiesAreListed();
 };
 
 // Enabled units of enabled quantities in catalogue order; an enabled quantity whose units are
@@ -112,23 +111,6 @@ void tst_UnitSearch::everyBuiltinLineLeadsBackToItsUnit()
         const int found = search.find(line);
         QVERIFY2(found >= 0 && found <= i, qPrintable(line));
     }
-}
-
-void tst_UnitSearch::fullCustomQuantitiesAreListed()
-{
-    // Ten custom quantities of 55 units each on top of a built-in sized catalogue.
-    std::vector<std::pair<QString, QStringList>> quantities;
-    for (int q = 1; q <= 53; ++q) {
-        QStringList units;
-        const int count = q <= 43 ? 12 : Catalogue::MaxUnits;
-        for (int j = 1; j <= count; ++j)
-            units.append(QStringLiteral("unit %1 of %2").arg(j).arg(q));
-        quantities.emplace_back(QStringLiteral("Quantity %1").arg(q), units);
-    }
-    const UnitSearch search(makeCatalogue(quantities));
-    QCOMPARE(search.lines().size(), 43 * 12 + 10 * Catalogue::MaxUnits);
-    QCOMPARE(search.find(QStringLiteral("UNIT 55 OF 53")), int(search.lines().size()) - 1);
-    QCOMPARE(search.find(QStringLiteral("unit 56")), -1);
 }
 
 QTEST_GUILESS_MAIN(tst_UnitSearch)

@@ -3,13 +3,6 @@
 #include "support/MainWindowFixture.h"
 
 #include "catalogue/Catalogue.h"
-#include "main/QuantityTabBar.h"
-#include "main/StatusPanel.h"
-
-#include <QAction>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QListWidget>
 
 const QString MainWindowFixture::Lengths = QStringLiteral("Zeta Length");
 const QString MainWindowFixture::Masses = QStringLiteral("Zeta Mass");
@@ -35,9 +28,11 @@ void MainWindowFixture::setUp()
 
 void MainWindowFixture::tearDown()
 {
+    const bool done = m_dialogs->scriptDone();
     m_program.reset();
     m_dialogs.reset();
     m_hive.reset();
+    QVERIFY2(done, "a dialog the test scripted was not shown");
 }
 
 bool MainWindowFixture::start()
@@ -54,40 +49,10 @@ bool MainWindowFixture::restart()
     return start();
 }
 
-QComboBox *MainWindowFixture::value() const
-{
-    return m_program->find<QComboBox *>("txtLeft");
-}
-
-QLineEdit *MainWindowFixture::result() const
-{
-    return m_program->find<QLineEdit *>("txtRight");
-}
-
-QListWidget *MainWindowFixture::left() const
-{
-    return m_program->find<QListWidget *>("lstLeft");
-}
-
-QListWidget *MainWindowFixture::right() const
-{
-    return m_program->find<QListWidget *>("lstRight");
-}
-
-QuantityTabBar *MainWindowFixture::tabs() const
-{
-    return m_program->find<QuantityTabBar *>("tabMain");
-}
-
 StatusPanel *MainWindowFixture::panel(int n) const
 {
     const QByteArray name = "StatusBarPanel" + QByteArray::number(n);
     return m_program->find<StatusPanel *>(name.constData());
-}
-
-QAction *MainWindowFixture::action(const char *name) const
-{
-    return m_program->find<QAction *>(name);
 }
 
 QString MainWindowFixture::selected(const QListWidget *list)

@@ -6,21 +6,21 @@
 // inch = 0.0254 m exactly; rod = 5.0292 m written with five figures, not exact) and Zeta Mass
 // (kilogram, pound, gram). The hive says the first run is over, starts at Zeta Length and turns
 // digit groups off. A test class derives from it, calls setUp() in init() and tearDown() in
-// cleanup(), and acts on the window as a user does.
+// cleanup(), and acts on the window as a user does. tearDown() fails the test when a dialog the
+// test scripted was never shown.
 #pragma once
 
+#include "main/QuantityTabBar.h"
+#include "main/StatusPanel.h"
 #include "support/ScriptedDialogs.h"
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
 
 #include <memory>
-
-class QAction;
-class QComboBox;
-class QLineEdit;
-class QListWidget;
-class QuantityTabBar;
-class StatusPanel;
+#include <QAction>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QListWidget>
 
 class MainWindowFixture
 {
@@ -36,13 +36,13 @@ protected:
     // Ends the program, if it still runs, and starts it again on the same hive.
     bool restart();
 
-    QComboBox *value() const;
-    QLineEdit *result() const;
-    QListWidget *left() const;
-    QListWidget *right() const;
-    QuantityTabBar *tabs() const;
+    QComboBox *value() const { return m_program->find<QComboBox *>("txtLeft"); }
+    QLineEdit *result() const { return m_program->find<QLineEdit *>("txtRight"); }
+    QListWidget *left() const { return m_program->find<QListWidget *>("lstLeft"); }
+    QListWidget *right() const { return m_program->find<QListWidget *>("lstRight"); }
+    QuantityTabBar *tabs() const { return m_program->find<QuantityTabBar *>("tabMain"); }
     StatusPanel *panel(int n) const;
-    QAction *action(const char *name) const;
+    QAction *action(const char *name) const { return m_program->find<QAction *>(name); }
     // The text of the selected unit, "" when none is selected.
     static QString selected(const QListWidget *list);
     QString currentQuantity() const;
