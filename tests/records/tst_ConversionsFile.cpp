@@ -2,8 +2,9 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // Conversions files written and read: the bytes written and the encoding chosen, what reads back
-// (every unit name of the catalogue), files of every kind and damage, a large one, the numbering
-// past 999, and saves that fail or are cancelled, which must leave the old file as it was.
+// (every unit name of the catalogue), files of every kind and damage, reading in steps, the
+// numbering past 999, and saves that fail or are cancelled, which must leave the old file as it
+// was. A large file loaded in steps, with its progress and Cancel, is tst_frmConvRecords'.
 #include "catalogue/Catalogue.h"
 #include "records/ConversionsFile.h"
 #include "records/ConversionsReader.h"
@@ -48,7 +49,6 @@ private slots:
     void utf8IsRecognised();
     void recordPositions_data();
     void recordPositions();
-    void largeFile();
     void readsInSteps();
     void saveProgress();
     void saveLeavesTheOldFileUnlessWhole_data();
@@ -254,10 +254,7 @@ void tst_ConversionsFile::utf8IsRecognised_data()
     row("lowest three-byte form", "\xE0\xA0\x80", true);
     row("euro sign, last before the surrogates", "\xE2\x82\xAC \xED\x9F\xBF \xEF\xBF\xBF", true);
     row("lowest and highest four-byte forms", "\xF0\x90\x80\x80 \xF4\x8F\xBF\xBF", true);
-    row("a 1252 sign among eight ASCII letters",
-        "abc\xB0"
-        "defgh",
-        false);
+    row("a 1252 sign among eight ASCII characters", "abc\xB0 defg", false);
     row("1252 euro sign alone", "\x80", false);
     row("UTF-8 then a 1252 sign", "\xC3\xA9\xB0", false);
     row("overlong two-byte form", "\xC1\xBF", false);
@@ -266,10 +263,7 @@ void tst_ConversionsFile::utf8IsRecognised_data()
     row("overlong four-byte form", "\xF0\x8F\xBF\xBF", false);
     row("above U+10FFFF", "\xF4\x90\x80\x80", false);
     row("no such lead byte", "\xF5\x80\x80\x80", false);
-    row("last continuation byte missing",
-        "\xE2\x82"
-        "A",
-        false);
+    row("last continuation byte missing", "\xE2\x82 ", false);
     row("cut short by the end", "\xE2\x82", false);
 }
 
@@ -312,27 +306,6 @@ void tst_ConversionsFile::recordPositions()
     MarkedConversion record;
     QCOMPARE(ConversionsReader::parseRecord(field, record), expected != MarkedConversion());
     QCOMPARE(record, expected);
-}
-
-// Neither a crash nor a wait: 50 MB of records with long names read at once.
-void tst_ConversionsFile::largeFile()
-{
-    QTemporaryDir temp;
-    QFile file(temp.filePath("large.txt"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(Opening);
-    const QString longName(4000, u'n');
-    int records = 0;
-    while (file.size() < 50 * 1024 * 1024)
-        file.write(
-            ConversionsFile::recordLine(++records, "1", longName, "2", longName, "q").toLatin1()
-            + "\r\n");
-    file.close();
-    const auto result = ConversionsReader::readFile(file.fileName());
-    QCOMPARE(result.status, ConversionsReader::Finished);
-    QCOMPARE(result.records.size(), records);
-    QCOMPARE(result.records.first(), conversion("1", longName, "2", longName, "q"));
-    QCOMPARE(result.records.last().toUnit, longName);
 }
 
 void tst_ConversionsFile::readsInSteps()
