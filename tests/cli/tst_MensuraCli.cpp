@@ -236,9 +236,6 @@ void tst_MensuraCli::commandLines_data()
     // What a text matches: rank, how, unit, quantity, the form matched, and the verdict
     row("a tie names no one unit", "units --find mph", 0,
         "\"mph\" names no one unit: 2 match it equally well.\n  rank  unit  …");
-    row("tied units for scripts", "units --find mph --tsv", 0,
-        "5\tsymbol\tmilliphot (mph)\tIlluminance\tmph\ttied\n"
-        "5\tsymbol\tmile per hour (mph)\tVelocity\tmph\ttied\n");
     row("the unit chosen over a worse match", "units --find lbf-ft --tsv", 0,
         "6\ttyped-symbol\tpound-force foot (lbf·ft)\tTorque\tlbf·ft\tchosen\n"
         "7\tswapped-symbol\tfoot pound-force (ft·lbf)\tEnergy\tft·lbf\t\n");
@@ -262,6 +259,10 @@ void tst_MensuraCli::commandLines_data()
     row("report of a value read in part, as typed", "report 1,5 Celsius --quantity Temperature", 0,
         heading + "     1.     1,5  Celsius (°C)  =  1.000 000  Celsius (°C)  [Temperature]\n…",
         "note: \"1,5\" was read as 1");
+    row("report below absolute zero: the message once, however many units raise it",
+        "report -500 Celsius --quantity Temperature", 1,
+        heading + "     1.     -500  Celsius (°C)  =  -500.000 0  Celsius (°C)  [Temperature]\n…",
+        "error: " + StringTable::text(371));
     refused("report of no number", "report abc in", "\"abc\" is not a number.");
     refused("report in an unknown quantity", "report 1 m --quantity Nothing",
         "unknown quantity \"Nothing\".…");

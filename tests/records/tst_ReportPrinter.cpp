@@ -3,16 +3,12 @@
 //
 // Printed reports: their lines, what a PDF of them reads back (every line in order, new pages
 // when needed, the heading larger than the rest), the offer of a PDF file on a computer without
-// a printer, and all conversions of one value as the conversion engine computes them.
-#include "catalogue/Catalogue.h"
-#include "convert/ConversionEngine.h"
+// a printer. All conversions of one value, as the main window shows them, are
+// tst_MarkedConversionsInMainWindow's; a message they raise, passed on once, tst_MensuraCli's.
 #include "records/PrintReport.h"
 #include "records/ReportPrinter.h"
-#include "shell/HiveFile.h"
-#include "shell/SettingsStore.h"
 #include "support/RecordsFixture.h"
 
-#include <QFile>
 #include <QRegularExpression>
 
 using Lines = QList<ReportLine>;
@@ -35,7 +31,6 @@ private slots:
     void pdfHoldsEveryLine();
     void noPrinterOffersPdf_data();
     void noPrinterOffersPdf();
-    void unitReportConverts();
 
 private:
     QTemporaryDir temp;
@@ -159,31 +154,6 @@ void tst_ReportPrinter::noPrinterOffersPdf()
     if (outcome == ReportPrinter::Failed)
         QVERIFY(dialogs.asked()[2].notice.text.startsWith(
             "The report could not be saved to " + path + ":\n"));
-}
-
-// Every unit gets, in the order given, the text the main window would show for the number the
-// value text starts with; a message the conversions raise (here: below absolute zero, from
-// every unit) is passed on once.
-void tst_ReportPrinter::unitReportConverts()
-{
-    SettingsStore store(std::make_unique<HiveFile>(temp.filePath("hive.reg")));
-    Catalogue catalogue;
-    catalogue.LoadCatalogue(store);
-    catalogue.CurrentQuantity = catalogue.findQuantity("Temperature");
-    const Settings settings;
-    Session session;
-    const ConversionEngine engine(catalogue, settings, session);
-    QStringList units = catalogue.enabledUnitNames(catalogue.CurrentQuantity);
-    std::reverse(units.begin(), units.end());
-    QList<Notice> raised;
-    const UnitReport report
-        = UnitReport::convert(engine, "-500 degrees", units[1], "T", units, &raised);
-    QCOMPARE(report.lines.size(), units.size());
-    for (int i = 0; i < units.size(); ++i) {
-        QCOMPARE(report.lines[i].toUnit, units[i]);
-        QCOMPARE(report.lines[i].toValue, engine.convertCaught(units[1], units[i], -500).text);
-    }
-    QCOMPARE(raised.size(), 1);
 }
 
 QTEST_MAIN(tst_ReportPrinter)
