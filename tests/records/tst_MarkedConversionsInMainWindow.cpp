@@ -31,19 +31,11 @@ private slots:
     }
     void saveDeleteLoadAndMakeCurrent();
     void allConversionsOfTheValue();
-    void leaving_data();
-    void leaving();
+    void leavingAfterASave();
 
 private:
     frmConvRecords *records() const { return &m_program->window()->convRecords(); }
     QAction *recordsAction(const char *name) const { return records()->findChild<QAction *>(name); }
-    // Selects the line of the marked conversions list, and only it.
-    void selectLine(int row)
-    {
-        auto *list = records()->findChild<QListView *>("lstConvRecords");
-        list->selectionModel()->select(
-            list->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
-    }
     void show(const QString &value, const QString &from, const QString &to)
     {
         typeValue(value);
@@ -85,7 +77,8 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
     QVERIFY(action("mnuRecordsView")->isEnabled());
 
     show("1", "metre", "foot");
-    selectLine(0);
+    auto *list = records()->findChild<QListView *>("lstConvRecords");
+    list->selectionModel()->select(list->model()->index(0, 0), QItemSelectionModel::ClearAndSelect);
     recordsAction("mnuFileMakeCurrentConv")->trigger();
     QCOMPARE(value()->currentText(), "12");
     QCOMPARE(selected(left()) + selected(right()), "footinch");
@@ -121,16 +114,10 @@ void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
         "The conversions could not be saved to " + gone));
 }
 
-void tst_MarkedConversionsInMainWindow::leaving_data()
+// Marked conversions saved from their window leave nothing to ask (the question itself:
+// tst_frmMainSession), and the window's placement is kept with the rest.
+void tst_MarkedConversionsInMainWindow::leavingAfterASave()
 {
-    QTest::addColumn<bool>("saveFirst");
-    QTest::newRow("unsaved marked conversions ask first") << false;
-    QTest::newRow("all saved from the marked window, nothing to ask") << true;
-}
-
-void tst_MarkedConversionsInMainWindow::leaving()
-{
-    QFETCH(bool, saveFirst);
     QVERIFY(start());
     show("12", "foot", "inch");
     action("mnurecordsadd")->trigger();
@@ -138,16 +125,10 @@ void tst_MarkedConversionsInMainWindow::leaving()
     QVERIFY(QTest::qWaitForWindowExposed(records()));
     records()->move(144, 96);
     QTRY_COMPARE(records()->pos(), QPoint(144, 96));
-    if (saveFirst) {
-        m_dialogs->answerSaveFile(m_temp.filePath("saved.txt"));
-        recordsAction("mnuFileSaveAllRecords")->trigger();
-    } else {
-        m_dialogs->answerQuestion(Dialogs::Yes);
-    }
+    m_dialogs->answerSaveFile(m_temp.filePath("saved.txt"));
+    recordsAction("mnuFileSaveAllRecords")->trigger();
     QVERIFY(m_program->close());
-    QCOMPARE(m_dialogs->asked().last().kind,
-        saveFirst ? ScriptedDialogs::SaveFile : ScriptedDialogs::Question);
-    // The marked conversions window's placement is kept with the rest.
+    QCOMPARE(m_dialogs->asked().last().kind, ScriptedDialogs::SaveFile);
     if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
         QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
         QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
