@@ -48,14 +48,6 @@ void RecordsFixture::select(const QList<int> &rows)
             list()->model()->index(row, 0), QItemSelectionModel::Select);
 }
 
-QStringList RecordsFixture::shownLines() const
-{
-    QStringList lines;
-    for (int row = 0; row < list()->model()->rowCount(); ++row)
-        lines.append(list()->model()->index(row, 0).data().toString());
-    return lines;
-}
-
 void RecordsFixture::addNumbered(int n)
 {
     for (int i = 1; i <= n; ++i) {

@@ -87,7 +87,6 @@ public:
     // The text of a status bar panel: "mainmessage" or "numconvs".
     QString panel(const char *name) const;
     void select(const QList<int> &rows);
-    QStringList shownLines() const;
     void addNumbered(int n); // marks numbered(1) to numbered(n)
     QString writeFile(const QString &name, const QByteArray &bytes);
 
