@@ -29,9 +29,8 @@ private slots:
         tearDown();
         QVERIFY2(done, "a dialog the test expected was not shown");
     }
-    void saveDeleteLoadAndMakeCurrent();
+    void saveDeleteLoadMakeCurrentAndLeave();
     void allConversionsOfTheValue();
-    void leavingAfterASave();
 
 private:
     frmConvRecords *records() const { return &m_program->window()->convRecords(); }
@@ -46,7 +45,7 @@ private:
     QTemporaryDir m_temp;
 };
 
-void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
+void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
 {
     QVERIFY(start());
     show("12", "foot", "inch");
@@ -59,6 +58,8 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
     action("mnuRecordsView")->trigger();
     QVERIFY(QTest::qWaitForWindowExposed(records()));
     QCOMPARE(records()->conversions(), marked);
+    records()->move(144, 96);
+    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
 
     const QString path = m_temp.filePath("marked.txt");
     m_dialogs->answerSaveFile(path);
@@ -83,6 +84,17 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
     QCOMPARE(value()->currentText(), "12");
     QCOMPARE(selected(left()) + selected(right()), "footinch");
     QCOMPARE(result()->text(), shown);
+
+    // Saved from their window, the marked conversions leave nothing to ask on leaving (the
+    // question itself: tst_frmMainSession), and the window's placement is kept with the rest.
+    m_dialogs->answerSaveFile(path);
+    recordsAction("mnuFileSaveAllRecords")->trigger();
+    QVERIFY(m_program->close());
+    QCOMPARE(m_dialogs->asked().last().kind, ScriptedDialogs::SaveFile);
+    if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
+        QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
+        QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
+    }
 }
 
 // The report holds, for every unit of the right-hand list, what the main window shows for it.
@@ -112,27 +124,6 @@ void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
     action("mnuFileSaveAllConvForItem")->trigger();
     QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
         "The conversions could not be saved to " + gone));
-}
-
-// Marked conversions saved from their window leave nothing to ask (the question itself:
-// tst_frmMainSession), and the window's placement is kept with the rest.
-void tst_MarkedConversionsInMainWindow::leavingAfterASave()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    action("mnurecordsadd")->trigger();
-    records()->show();
-    QVERIFY(QTest::qWaitForWindowExposed(records()));
-    records()->move(144, 96);
-    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
-    m_dialogs->answerSaveFile(m_temp.filePath("saved.txt"));
-    recordsAction("mnuFileSaveAllRecords")->trigger();
-    QVERIFY(m_program->close());
-    QCOMPARE(m_dialogs->asked().last().kind, ScriptedDialogs::SaveFile);
-    if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
-        QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
-        QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
-    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_MarkedConversionsInMainWindow)
