@@ -59,6 +59,7 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
     QVERIFY(QTest::qWaitForWindowExposed(records()));
     QCOMPARE(records()->conversions(), marked);
     records()->move(144, 96);
+    records()->resize(600, 450);
     QTRY_COMPARE(records()->pos(), QPoint(144, 96));
 
     const QString path = m_temp.filePath("marked.txt");
@@ -91,10 +92,12 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
     recordsAction("mnuFileSaveAllRecords")->trigger();
     QVERIFY(m_program->close());
     QCOMPARE(m_dialogs->asked().last().kind, ScriptedDialogs::SaveFile);
-    if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
-        QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
-        QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
-    }
+    // In twips at 96 dots per inch.
+    const QStringList names { "frmconvleft", "frmconvtop", "frmconvwidth", "frmconvheight" };
+    const QStringList twips { "2160", "1440", "9000", "6750" };
+    for (int i = 0; i < 4; ++i)
+        if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0))
+            QCOMPARE(m_hive->readSetting(names[i]).value_or("none"), twips[i]);
 }
 
 // The report holds, for every unit of the right-hand list, what the main window shows for it.

@@ -446,15 +446,7 @@ void tst_frmConvRecords::placement()
     f->reopen();
     f->reopen();
     QCOMPARE(QRect(f->window->pos(), f->window->size()), expected);
-
-    QVERIFY(shown());
-    f->window->move(144, 96);
-    f->window->resize(600, 450);
-    QTRY_COMPARE(f->window->pos(), QPoint(144, 96));
-    f->window->close();
-    const QStringList twips { "2160", "1440", "9000", "6750" };
-    for (int i = 0; i < 4; ++i)
-        QCOMPARE(f->store->RegReadString("settings", names[i], ""), twips[i]);
+    // How a placement is stored: tst_MarkedConversionsInMainWindow, on leaving the program.
 }
 
 QTEST_MAIN(tst_frmConvRecords)
