@@ -47,8 +47,6 @@ private slots:
     void read();
     void utf8IsRecognised_data();
     void utf8IsRecognised();
-    void recordPositions_data();
-    void recordPositions();
     void saveLeavesTheOldFileUnlessWhole_data();
     void saveLeavesTheOldFileUnlessWhole();
     void fullDiskIsReported();
@@ -215,6 +213,28 @@ void tst_ConversionsFile::read_data()
         { conversion("1", "\u03A9 \u20AC", "1", "\U0001F4CF", "q") });
     row("UTF-8 with a mark", "\xEF\xBB\xBF" + Opening + "     1.     1  \xC2\xB0  =  1  x  [q]",
         Finished, { conversion("1", "\u00B0", "1", "x", "q") });
+    // The fields of a record are found from fixed places: the first double blank is searched
+    // from the ninth character on, which skips "1.     " to "999.     " and no wider number.
+    const auto second = [&](const char *line) { return Opening + one + "     " + line + "\r\n"; };
+    const auto afterOne = [&](const MarkedConversion &record) {
+        return Records { oneRead[0], record };
+    };
+    row("record 999 reads whole", second("999.     5  a  =  6  b  [q]"), Finished,
+        afterOne(conversion("5", "a", "6", "b", "q")));
+    row("record 10000: the value runs into the unit", second("10000.     5  a  =  6  b  [q]"),
+        Finished, afterOne(conversion("", " 5  a", "6", "b", "q")));
+    row("a double blank inside the second value moves it into the unit",
+        second("2.     5  a  =  6  7  b  [q]"), Finished,
+        afterOne(conversion("5", "a", "6", "7  b", "q")));
+    row("tabs around the first value stay", second("2.     \t5\t  a  =  6  b  [q]"), Finished,
+        afterOne(conversion("\t5\t", "a", "6", "b", "q")));
+    row("the quantity loses its last character whatever it is",
+        second("2.     5  a  =  6  b  [quantity"), Finished,
+        afterOne(conversion("5", "a", "6", "b", "quantit")));
+    row("no equals separator", second("2.     5  a  6  b  [q]"), BadRecord, oneRead, 6);
+    row("no blank pair after the second value", second("2.     5  a  =  6"), BadRecord, oneRead, 6);
+    row("no quantity bracket", second("2.     5  a  =  6  b"), BadRecord, oneRead, 6);
+
     row("invalid UTF-8 late in the file makes all of it 1252",
         Opening + "     1.     1  \xC2\xB0  =  1  x  [q]\r\n     2.     1  \xB0  =  1  x  [q]\r\n",
         Finished,
@@ -291,38 +311,6 @@ void tst_ConversionsFile::utf8IsRecognised()
     // Continuation bytes after the end: a check that reads past it takes them.
     const QByteArray padded = bytes + "\x80\x80\x80";
     QCOMPARE(ConversionsReader::isValidUtf8(padded.constData(), bytes.size()), utf8);
-}
-
-void tst_ConversionsFile::recordPositions_data()
-{
-    QTest::addColumn<QString>("field");
-    QTest::addColumn<MarkedConversion>("expected"); // all empty: not a record
-    const auto row = [](const char *name, const char *field, const MarkedConversion &expected) {
-        QTest::newRow(name) << QString::fromUtf8(field) << expected;
-    };
-    row("record 999 reads whole", "999.     5  a  =  6  b  [q]",
-        conversion("5", "a", "6", "b", "q"));
-    // From record 1000 on the number is wider than the reader skips.
-    row("record 10000: the value runs into the unit", "10000.     5  a  =  6  b  [q]",
-        conversion("", " 5  a", "6", "b", "q"));
-    row("a double blank inside the second value moves it into the unit",
-        "1.     5  a  =  6  7  b  [q]", conversion("5", "a", "6", "7  b", "q"));
-    row("tabs around the first value stay", "1.     \t5\t  a  =  6  b  [q]",
-        conversion("\t5\t", "a", "6", "b", "q"));
-    row("the quantity loses its last character whatever it is", "1.     5  a  =  6  b  [quantity",
-        conversion("5", "a", "6", "b", "quantit"));
-    row("no equals separator", "1.     5  a  6  b  [q]", {});
-    row("no blank pair after the second value", "1.     5  a  =  6", {});
-    row("no quantity bracket", "1.     5  a  =  6  b", {});
-}
-
-void tst_ConversionsFile::recordPositions()
-{
-    QFETCH(QString, field);
-    QFETCH(MarkedConversion, expected);
-    MarkedConversion record;
-    QCOMPARE(ConversionsReader::parseRecord(field, record), expected != MarkedConversion());
-    QCOMPARE(record, expected);
 }
 
 void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole_data()
