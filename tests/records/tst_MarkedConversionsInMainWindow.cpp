@@ -29,8 +29,7 @@ private slots:
         tearDown();
         QVERIFY2(done, "a dialog the test expected was not shown");
     }
-    void saveDeleteLoadMakeCurrentAndLeave();
-    void allConversionsOfTheValue();
+    void markSaveDeleteLoadMakeCurrentReportAndLeave();
 
 private:
     frmConvRecords *records() const { return &m_program->window()->convRecords(); }
@@ -45,7 +44,7 @@ private:
     QTemporaryDir m_temp;
 };
 
-void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
+void tst_MarkedConversionsInMainWindow::markSaveDeleteLoadMakeCurrentReportAndLeave()
 {
     QVERIFY(start());
     show("12", "foot", "inch");
@@ -86,6 +85,29 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
     QCOMPARE(selected(left()) + selected(right()), "footinch");
     QCOMPARE(result()->text(), shown);
 
+    // All conversions of the value: the report holds, for every unit of the right-hand list,
+    // what the main window shows for it.
+    m_dialogs->answerQuestion(Dialogs::No);
+    action("mnuFilePrintAllConvForItem")->trigger();
+    QVERIFY(m_dialogs->asked().last().notice.text.endsWith("\n12 foot?"));
+    const QString report = m_temp.filePath("report.txt");
+    m_dialogs->answerSaveFile(report);
+    action("mnuFileSaveAllConvForItem")->trigger();
+    const auto read = ConversionsReader::readFile(report);
+    QCOMPARE(read.status, ConversionsReader::Finished);
+    QCOMPARE(read.records.size(), right()->count());
+    for (int row = 0; row < right()->count(); ++row) {
+        const QString unit = right()->item(row)->text();
+        clickUnit(right(), unit);
+        QCOMPARE(read.records[row], conversion("12", "foot", result()->text(), unit, Lengths));
+    }
+    const QString gone = m_temp.filePath("gone/report.txt");
+    m_dialogs->answerSaveFile(gone);
+    m_dialogs->expectMessage();
+    action("mnuFileSaveAllConvForItem")->trigger();
+    QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
+        "The conversions could not be saved to " + gone));
+
     // Saved from their window, the marked conversions leave nothing to ask on leaving (the
     // question itself: tst_frmMainSession), and the window's placement is kept with the rest.
     m_dialogs->answerSaveFile(path);
@@ -98,35 +120,6 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadMakeCurrentAndLeave()
     for (int i = 0; i < 4; ++i)
         if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0))
             QCOMPARE(m_hive->readSetting(names[i]).value_or("none"), twips[i]);
-}
-
-// The report holds, for every unit of the right-hand list, what the main window shows for it.
-void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    m_dialogs->answerQuestion(Dialogs::No);
-    action("mnuFilePrintAllConvForItem")->trigger();
-    QVERIFY(m_dialogs->asked().last().notice.text.endsWith("\n12 foot?"));
-
-    const QString path = m_temp.filePath("report.txt");
-    m_dialogs->answerSaveFile(path);
-    action("mnuFileSaveAllConvForItem")->trigger();
-    const auto read = ConversionsReader::readFile(path);
-    QCOMPARE(read.status, ConversionsReader::Finished);
-    QCOMPARE(read.records.size(), right()->count());
-    for (int row = 0; row < right()->count(); ++row) {
-        const QString unit = right()->item(row)->text();
-        clickUnit(right(), unit);
-        QCOMPARE(read.records[row], conversion("12", "foot", result()->text(), unit, Lengths));
-    }
-
-    const QString gone = m_temp.filePath("gone/report.txt");
-    m_dialogs->answerSaveFile(gone);
-    m_dialogs->expectMessage();
-    action("mnuFileSaveAllConvForItem")->trigger();
-    QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
-        "The conversions could not be saved to " + gone));
 }
 
 MENSURA_GUI_TEST_MAIN(tst_MarkedConversionsInMainWindow)

@@ -7,7 +7,6 @@
 #include "shell/SettingsStore.h"
 
 #include <QAbstractItemModel>
-#include <QFile>
 #include <QLabel>
 #include <QListView>
 
@@ -54,12 +53,4 @@ void RecordsFixture::addNumbered(int n)
         const MarkedConversion r = numbered(i);
         window->AddConv(r.fromValue, r.fromUnit, r.toValue, r.toUnit, r.quantity);
     }
-}
-
-QString RecordsFixture::writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(temp.filePath(name));
-    if (file.open(QIODevice::WriteOnly))
-        file.write(bytes);
-    return file.fileName();
 }
