@@ -151,7 +151,6 @@ void tst_MensuraCli::commandLines_data()
         "0.304 800 0");
     row("a negative value is no option", "convert -12 in m", 0, "-0.304 800 0");
     row("nor a negative fraction", "convert -.5 in mm", 0, "-12.700 00");
-    row("-- ends the options", "convert -- -12 in m", 0, "-0.304 800 0");
     // 2 x 0.1 / 0.75 = 0.2667: the factor 0.75 allows two figures
     row("the user's quantity named", "convert 2 hand-width stride --quantity reach", 0, "0.27");
     row("--verbose adds the status text", "convert 12 in m --verbose", 0,
@@ -226,6 +225,7 @@ void tst_MensuraCli::commandLines_data()
         "nit (nt)\t1\texact\t\tbuiltin\ton\n…");
     refused("a switched-off quantity", "units Luminance", "the quantity \"Luminance\"" + off);
     refused("two quantities", "units Length Mass", "units takes at most one QUANTITY.…");
+    refused("-- ends the options", "units -- --all", "unknown quantity \"--all\".…");
 
     // What a text matches: rank, how, unit, quantity, the form matched, and the verdict
     row("a tie names no one unit", "units --find mph", 0,
