@@ -27,10 +27,9 @@ struct CliRun {
     QString err;
 };
 
-static CliRun runCli(const QStringList &arguments, const QByteArray &input = QByteArray(),
-    const QString &environmentHive = QString())
+static void startCli(
+    QProcess &process, const QStringList &arguments, const QString &environmentHive = QString())
 {
-    QProcess process;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.remove(QStringLiteral("MENSURA_HIVE"));
     if (!environmentHive.isEmpty())
@@ -38,6 +37,12 @@ static CliRun runCli(const QStringList &arguments, const QByteArray &input = QBy
     environment.insert(QStringLiteral("XDG_CONFIG_HOME"), QStringLiteral("/nonexistent-mensura"));
     process.setProcessEnvironment(environment);
     process.start(QStringLiteral(MENSURA_CLI), arguments);
+}
+
+static CliRun runCli(const QStringList &arguments, const QByteArray &input = QByteArray())
+{
+    QProcess process;
+    startCli(process, arguments);
     process.write(input);
     process.closeWriteChannel();
     CliRun run;
@@ -56,7 +61,6 @@ static CliRun runCli(const QStringList &arguments, const QByteArray &input = QBy
 // (a factor of 0) and "hidden" (switched off).
 static void writeHive(const QString &fileName, const QStringList &settings, bool catalogue = true)
 {
-    QFile::remove(fileName);
     SettingsStore store(std::make_unique<HiveFile>(fileName));
     {
         SettingsStore::Batch batch(store);
@@ -82,10 +86,9 @@ private Q_SLOTS:
     void initTestCase();
     void commandLines_data();
     void commandLines();
-    void batchAnswersEachLineAsItArrives();
     void quantitiesAreTheEnabledOnesInAlphabeticalOrder();
     void reportIsSavedAsTheLinesPrinted();
-    void settingsFileIsNeverWritten();
+    void settingsFileIsOnlyReadAndBatchAnswersAtOnce();
 
 private:
     QString writeFile(const char *name, const QByteArray &bytes) const;
@@ -166,10 +169,9 @@ void tst_MensuraCli::commandLines_data()
     row("stored settings", styled + "1 in mm", 0, "2.540E+1");
     row("--sigfigs and --triads over the stored ones", styled + "1 in mm --sigfigs 6 --triads", 0,
         "2.540 00E+1");
-    row("--regular and --max over the stored ones", styled + "12 in mm --regular --max 1000", 0,
-        "304.8");
-    row("--regular and --min over the stored ones", styled + "12 in m --regular --min 0.1", 0,
-        "0.3048");
+    row("--regular, --max and --min over the stored ones, for every line of a batch",
+        styled + "--batch --regular --max 1000 --min 0.1", 0, "304.8\n0.3048", "",
+        "12\tin\tmm\n12\tin\tm\n");
     row("--no-triads, --scientific, --sigfigs 13",
         "convert 12 in m --no-triads --scientific --sigfigs=13", 0, "3.048000000000E-1");
     row("--sigfigs 1, --max 1E+9, --min 1E-9", "convert 1 nm m --sigfigs 1 --max 1e9 --min 1e-9", 0,
@@ -372,25 +374,6 @@ void tst_MensuraCli::commandLines()
     QCOMPARE(run.exitCode, status);
 }
 
-// A program that writes a line and waits for its answer, as with a co-process.
-void tst_MensuraCli::batchAnswersEachLineAsItArrives()
-{
-    QProcess process;
-    process.start(QStringLiteral(MENSURA_CLI), { "convert", "--batch", "--hive", m_hive });
-    QVERIFY(process.waitForStarted());
-    auto answer = [&process](const QByteArray &line) {
-        process.write(line);
-        QByteArray got;
-        while (!got.endsWith('\n') && process.waitForReadyRead(10000))
-            got += process.readAllStandardOutput();
-        return got;
-    };
-    QCOMPARE(answer("12\tin\tm\n"), QByteArray("0.304 800 0\n"));
-    process.closeWriteChannel();
-    QVERIFY(process.waitForFinished());
-    QCOMPARE(process.exitCode(), 0);
-}
-
 // 43 built in, one switched off, one of the user's: 43 listed, 44 with --all.
 void tst_MensuraCli::quantitiesAreTheEnabledOnesInAlphabeticalOrder()
 {
@@ -428,11 +411,10 @@ void tst_MensuraCli::reportIsSavedAsTheLinesPrinted()
     QCOMPARE(file.readAll(), printed.toLatin1().replace("\n", "\r\n"));
 }
 
-void tst_MensuraCli::settingsFileIsNeverWritten()
+void tst_MensuraCli::settingsFileIsOnlyReadAndBatchAnswersAtOnce()
 {
     // A settings file without "User" keys: reading them would create them in memory; nothing
-    // of that may reach the file, nor a repair of its bad value. Named by --hive and by
-    // MENSURA_HIVE.
+    // of that may reach the file, nor a repair of its bad value.
     const QString hive = m_dir.filePath(QStringLiteral("untouched.reg"));
     writeHive(hive, { "numericformatting", "4", "scientific", "maybe" }, false);
     QFile file(hive);
@@ -445,7 +427,17 @@ void tst_MensuraCli::settingsFileIsNeverWritten()
     QCOMPARE(named.err,
         "warning: the settings store holds a bad value: Type mismatch: \"maybe\" is stored for "
         "\"scientific\"\n");
-    QCOMPARE(runCli({ "convert", "--batch" }, "12\tin\tm\n", hive).out, "0.304 8\n");
+    // Named by MENSURA_HIVE, for a program that writes a line and waits for its answer, as
+    // with a co-process: the answer comes before the input ends.
+    QProcess batch;
+    startCli(batch, { "convert", "--batch" }, hive);
+    batch.write("12\tin\tm\n");
+    QByteArray answer;
+    while (!answer.endsWith('\n') && batch.waitForReadyRead(10000))
+        answer += batch.readAllStandardOutput();
+    QCOMPARE(answer, "0.304 8\n");
+    batch.closeWriteChannel();
+    QVERIFY(batch.waitForFinished());
 
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), before);
