@@ -87,8 +87,7 @@ private Q_SLOTS:
     void commandLines_data();
     void commandLines();
     void quantitiesAreTheEnabledOnesInAlphabeticalOrder();
-    void reportIsSavedAsTheLinesPrinted();
-    void settingsFileIsOnlyReadAndBatchAnswersAtOnce();
+    void reportAndBatchOnASettingsFileOnlyRead();
 
 private:
     QString writeFile(const char *name, const QByteArray &bytes) const;
@@ -243,7 +242,7 @@ void tst_MensuraCli::commandLines_data()
     refused(
         "with a quantity operand", "units Length --find m", "units --find TEXT takes no QUANTITY…");
 
-    // A value in every unit of its quantity (a whole report: reportIsSavedAsTheLinesPrinted)
+    // A value in every unit of its quantity (a whole report: reportAndBatchOnASettingsFileOnlyRead)
     const QString heading = StringTable::text(85) + u'\n' + StringTable::text(89) + "\n\n\n";
     row("report of the user's enabled units, figures from the options",
         "report 2 stride --quantity REACH --sigfigs 1", 1,
@@ -395,26 +394,10 @@ void tst_MensuraCli::quantitiesAreTheEnabledOnesInAlphabeticalOrder()
         QStringList { "Luminance\t8\tcandela per square metre (cd/m²)\tbuiltin\toff" });
 }
 
-// Saved with -o, the report is the conversions file the desktop program writes (code page
-// 1252, CR LF) holding the lines printed. (How an existing file is kept whole on a failed save
-// is the conversions file's own test; how one is read back, too.)
-void tst_MensuraCli::reportIsSavedAsTheLinesPrinted()
+// A settings file without "User" keys: reading them would create them in memory; nothing of
+// that may reach the file, nor a repair of its bad value.
+void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
 {
-    const QString path = m_dir.filePath(QStringLiteral("temperature.txt"));
-    const CliRun saved = runCli({ "report", "100", "Celsius (°C)", "-o", path, "--hive", m_hive });
-    QCOMPARE(saved.err + saved.out, QString());
-    QCOMPARE(saved.exitCode, 0);
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QString printed = runCli({ "report", "100", "Celsius (°C)", "--hive", m_hive }).out;
-    QVERIFY(printed.contains(QStringLiteral("  =  373.150 0  kelvin (K)  [Temperature]\n")));
-    QCOMPARE(file.readAll(), printed.toLatin1().replace("\n", "\r\n"));
-}
-
-void tst_MensuraCli::settingsFileIsOnlyReadAndBatchAnswersAtOnce()
-{
-    // A settings file without "User" keys: reading them would create them in memory; nothing
-    // of that may reach the file, nor a repair of its bad value.
     const QString hive = m_dir.filePath(QStringLiteral("untouched.reg"));
     writeHive(hive, { "numericformatting", "4", "scientific", "maybe" }, false);
     QFile file(hive);
@@ -422,11 +405,21 @@ void tst_MensuraCli::settingsFileIsOnlyReadAndBatchAnswersAtOnce()
     const QByteArray before = file.readAll();
     file.close();
 
-    const CliRun named = runCli({ "convert", "12", "in", "m", "--hive", hive });
-    QCOMPARE(named.out, "0.304 8\n");
-    QCOMPARE(named.err,
+    // Saved with -o, a report is the conversions file the desktop program writes (code page
+    // 1252, CR LF) holding the lines printed. (How an existing file is kept whole on a failed
+    // save is the conversions file's own test; how one is read back, too.)
+    const QString path = m_dir.filePath(QStringLiteral("temperature.txt"));
+    const CliRun saved = runCli({ "report", "100", "Celsius (°C)", "-o", path, "--hive", hive });
+    QCOMPARE(saved.exitCode, 0);
+    QCOMPARE(saved.out + saved.err,
         "warning: the settings store holds a bad value: Type mismatch: \"maybe\" is stored for "
         "\"scientific\"\n");
+    const QString printed = runCli({ "report", "100", "Celsius (°C)", "--hive", hive }).out;
+    QVERIFY(printed.contains(QStringLiteral("  =  373.2  kelvin (K)  [Temperature]\n")));
+    QFile report(path);
+    QVERIFY(report.open(QIODevice::ReadOnly));
+    QCOMPARE(report.readAll(), printed.toLatin1().replace("\n", "\r\n"));
+
     // Named by MENSURA_HIVE, for a program that writes a line and waits for its answer, as
     // with a co-process: the answer comes before the input ends.
     QProcess batch;

@@ -178,9 +178,8 @@ void tst_frmConvRecords::chosenLines()
         QSKIP("pdftotext (poppler-utils) is not installed");
     f->addNumbered(3);
     f->select(rows);
-    // The numbered lines, blanks made single, after the report's heading when printed.
-    QStringList lines
-        = print ? QString(Opening).split("\r\n", Qt::SkipEmptyParts) : QStringList { "" };
+    // The numbered lines, blanks made single.
+    QStringList lines;
     Records records;
     for (int i = 0; i < chosen.size() && !declined; ++i) {
         records.append(numbered(chosen[i]));
@@ -203,7 +202,7 @@ void tst_frmConvRecords::chosenLines()
 
     if (print) {
         QCOMPARE(f->dialogs.asked()[0].notice.text.contains("selected"), !command.contains("All"));
-        QCOMPARE(pdfLines(path), declined ? QStringList() : lines);
+        QCOMPARE(pdfLines(path).mid(2), lines); // after the heading (tst_ReportPrinter's)
     } else if (save) {
         QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
         const auto read = ConversionsReader::readFile(path);
@@ -216,7 +215,7 @@ void tst_frmConvRecords::chosenLines()
         QStringList copied = QGuiApplication::clipboard()->text().split(u'\n');
         for (QString &line : copied)
             line = line.simplified();
-        QCOMPARE(copied, lines);
+        QCOMPARE(copied, QStringList { "" } + lines);
     }
 }
 
