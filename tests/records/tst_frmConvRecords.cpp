@@ -42,7 +42,7 @@ class tst_frmConvRecords : public QObject
 private slots:
     void init() { f = std::make_unique<RecordsFixture>(); }
     void cleanup();
-    void linesCountsAndClosing();
+    void linesCountsScrollingAndClosing();
     void selectionDrivesTextAndMenus_data();
     void selectionDrivesTextAndMenus();
     void chosenLines_data();
@@ -54,7 +54,6 @@ private slots:
     void load_data();
     void load();
     void failedOrCancelledSave();
-    void longLinesScrollIntoView();
     void placement_data();
     void placement();
 
@@ -77,7 +76,7 @@ void tst_frmConvRecords::cleanup()
     f.reset();
 }
 
-void tst_frmConvRecords::linesCountsAndClosing()
+void tst_frmConvRecords::linesCountsScrollingAndClosing()
 {
     QCOMPARE(f->panel("numconvs"), "0 marked conversion(s) ");
     f->session.MarkedConversionsSaved = true;
@@ -108,6 +107,22 @@ void tst_frmConvRecords::linesCountsAndClosing()
         QVERIFY(message->geometry().right() < count->geometry().left());
         f->addNumbered(120);
     }
+    // A long line scrolls into view, and so does a long quantity name, which moves the tab
+    // stops; the scroll range is never narrowed, not even when the long lines go.
+    QScrollBar *scroll = f->list()->horizontalScrollBar();
+    const auto maximum = [scroll] { return QCoreApplication::processEvents(), scroll->maximum(); };
+    const QString longUnit(300, u'w');
+    f->window->AddConv("1", longUnit, "2", "b", "q");
+    QVERIFY(maximum() + f->list()->viewport()->width()
+        > f->list()->fontMetrics().horizontalAdvance(longUnit));
+    int range = maximum();
+    f->window->AddConv("1", "b", "2", "b", QString(300, u'q'));
+    QVERIFY(maximum() > range);
+    range = maximum();
+    f->select({ 242, 243 });
+    f->dialogs.answerQuestion(Dialogs::Yes);
+    f->action("mnuEditDelSelectedItem")->trigger();
+    QCOMPARE(maximum(), range);
     f->window->findChild<QPushButton *>("cmdHideForm")->click();
     QVERIFY(!f->window->isVisible() && !f->window->shownWithMainWindow());
     QCOMPARE(f->list()->model()->rowCount(), 242);
@@ -384,32 +399,6 @@ void tst_frmConvRecords::failedOrCancelledSave()
     QCOMPARE(message.icon, Notice::Exclamation);
     QVERIFY(message.text.startsWith("The conversions could not be saved to " + path + ":\n"));
     QVERIFY(!f->session.MarkedConversionsSaved);
-}
-
-void tst_frmConvRecords::longLinesScrollIntoView()
-{
-    f->window->resize(400, 300);
-    QVERIFY(shown());
-    f->addNumbered(3);
-    QScrollBar *scroll = f->list()->horizontalScrollBar();
-    const auto maximum = [scroll] { return QCoreApplication::processEvents(), scroll->maximum(); };
-    QCOMPARE(maximum(), 0);
-
-    const QString longUnit(300, u'w');
-    f->window->AddConv("1", longUnit, "2", "b", "q");
-    QVERIFY(maximum() + f->list()->viewport()->width()
-        > f->list()->fontMetrics().horizontalAdvance(longUnit));
-    // So does a long quantity name, which moves the tab stops.
-    int range = maximum();
-    f->window->AddConv("1", "b", "2", "b", QString(300, u'q'));
-    QVERIFY(maximum() > range);
-
-    // The scroll range is never narrowed, not even when the long lines go.
-    range = maximum();
-    f->select({ 3 });
-    f->dialogs.answerQuestion(Dialogs::Yes);
-    f->action("mnuEditDelSelectedItem")->trigger();
-    QCOMPARE(maximum(), range);
 }
 
 void tst_frmConvRecords::placement_data()
