@@ -205,8 +205,6 @@ void tst_MensuraCli::commandLines_data()
         "the unit \"hidden\" of Reach" + off);
     refused("unit of a switched-off quantity", "convert 1 \"lambert (L)\" cd/m2",
         "the quantity \"Luminance\"" + off);
-    refused("switched-off quantity given", "convert 1 in m --quantity luminance",
-        "the quantity \"Luminance\"" + off);
     refused("unknown quantity near the user's", "convert 1 in m --quantity Reac",
         "unknown quantity \"Reac\". Closest names: Reach.");
     refused("the value is judged before the names", "convert dozen furlong m",

@@ -135,8 +135,6 @@ void tst_frmConvRecords::selectionDrivesTextAndMenus_data()
         { "empty list", 0, {}, "Prints, saves, or copies marked conversions", 0, 0, 0 },
         { "lines, selection cleared", 4, {}, "0 items selected" + of4, 0, 0, 1 },
         { "one line", 4, { 2 }, "1 item selected" + of4, 1, 1, 1 },
-        { "a single line, selected", 1, { 0 }, "1 item selected out of 1 marked conversion(s) ", 1,
-            1, 1 },
         { "three lines", 4, { 0, 2, 3 }, "3 items selected" + of4, 0, 1, 1 },
     });
 }
@@ -178,7 +176,6 @@ void tst_frmConvRecords::chosenLines_data()
     QTest::newRow("Save all lines") << "mnuFileSaveAllRecords" << QList<int> { 1 } << all;
     QTest::newRow("Print selected lines")
         << "mnuFilePrintCurrentRecord" << selected << selectedRecords;
-    QTest::newRow("Print all lines") << "mnuFilePrintAllRecords" << QList<int>() << all;
     QTest::newRow("Print declined") << "mnuFilePrintAllRecords" << QList<int>() << QList<int> { 0 };
 }
 
