@@ -16,7 +16,6 @@
 
 #include <algorithm>
 #include <QFile>
-#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -148,13 +147,10 @@ void tst_MensuraCli::commandLines_data()
     };
     const QString styled = "--hive \"" + m_styled + "\" convert ";
     // Arguments, and names through the matcher: 12 in = 0.3048 m, exact, seven figures
-    row("full names", "convert 12 \"inch (in)\" \"metre (m)\"", 0, "0.304 800 0");
     row("option before the command, its value after =", "--quantity=Length convert 12 in m", 0,
         "0.304 800 0");
     row("a negative value is no option", "convert -12 in m", 0, "-0.304 800 0");
     row("nor a negative fraction", "convert -.5 in mm", 0, "-12.700 00");
-    // 2 x 0.1 / 0.75 = 0.2667: the factor 0.75 allows two figures
-    row("the user's quantity named", "convert 2 hand-width stride --quantity reach", 0, "0.27");
     row("--verbose adds the status text", "convert 12 in m --verbose", 0,
         "0.304 800 0\nExact Factors  (Current: 7)");
     row("--version", "--version", 0, QStringLiteral("mensura-cli " MENSURA_VERSION));

@@ -69,7 +69,6 @@ void tst_MarkedConversionsInMainWindow::markSaveDeleteLoadMakeCurrentReportAndLe
     m_dialogs->answerQuestion(Dialogs::Yes);
     recordsAction("mnuEditDelAllItems")->trigger();
     QCOMPARE(records()->count(), 0);
-    QVERIFY(!action("mnuRecordsView")->isEnabled());
 
     // Loaded back with the main window's command, and added to what is marked.
     m_dialogs->answerOpenFile(path);
@@ -94,7 +93,6 @@ void tst_MarkedConversionsInMainWindow::markSaveDeleteLoadMakeCurrentReportAndLe
     m_dialogs->answerSaveFile(report);
     action("mnuFileSaveAllConvForItem")->trigger();
     const auto read = ConversionsReader::readFile(report);
-    QCOMPARE(read.status, ConversionsReader::Finished);
     QCOMPARE(read.records.size(), right()->count());
     for (int row = 0; row < right()->count(); ++row) {
         const QString unit = right()->item(row)->text();

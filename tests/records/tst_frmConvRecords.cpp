@@ -85,7 +85,6 @@ void tst_frmConvRecords::linesCountsScrollingAndClosing()
     // The quantity first, then the conversion, past the tab stops.
     QCOMPARE(f->list()->model()->index(1, 0).data().toString(),
         "Temperature\t\t  100  Celsius (\u00B0C)  =  212  Fahrenheit (\u00B0F)");
-    QCOMPARE(f->panel("numconvs"), "2 marked conversion(s) ");
     QCOMPARE(f->counts, (QList<int> { 0, 1, 2 }));
     QVERIFY(!f->session.MarkedConversionsSaved);
 
@@ -218,7 +217,6 @@ void tst_frmConvRecords::chosenLines()
     } else if (save) {
         QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
         const auto read = ConversionsReader::readFile(path);
-        QCOMPARE(read.status, ConversionsReader::Finished);
         QCOMPARE(read.records, records);
         QCOMPARE(f->session.MarkedConversionsSaved, command.contains("All"));
         QCOMPARE(f->panel("mainmessage"), "100% done");
