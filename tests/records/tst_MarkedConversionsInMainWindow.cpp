@@ -29,21 +29,11 @@ private slots:
         tearDown();
         QVERIFY2(done, "a dialog the test expected was not shown");
     }
-    void saveDeleteLoadAndMakeCurrent();
-    void allConversionsOfTheValue();
-    void leaving_data();
-    void leaving();
+    void markSaveDeleteLoadMakeCurrentReportAndLeave();
 
 private:
     frmConvRecords *records() const { return &m_program->window()->convRecords(); }
     QAction *recordsAction(const char *name) const { return records()->findChild<QAction *>(name); }
-    // Selects the line of the marked conversions list, and only it.
-    void selectLine(int row)
-    {
-        auto *list = records()->findChild<QListView *>("lstConvRecords");
-        list->selectionModel()->select(
-            list->model()->index(row, 0), QItemSelectionModel::ClearAndSelect);
-    }
     void show(const QString &value, const QString &from, const QString &to)
     {
         typeValue(value);
@@ -54,7 +44,7 @@ private:
     QTemporaryDir m_temp;
 };
 
-void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
+void tst_MarkedConversionsInMainWindow::markSaveDeleteLoadMakeCurrentReportAndLeave()
 {
     QVERIFY(start());
     show("12", "foot", "inch");
@@ -67,19 +57,18 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
     action("mnuRecordsView")->trigger();
     QVERIFY(QTest::qWaitForWindowExposed(records()));
     QCOMPARE(records()->conversions(), marked);
+    records()->move(144, 96);
+    records()->resize(600, 450);
+    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
 
     const QString path = m_temp.filePath("marked.txt");
     m_dialogs->answerSaveFile(path);
     recordsAction("mnuFileSaveAllRecords")->trigger();
 
-    m_dialogs->answerQuestion(Dialogs::No);
-    recordsAction("mnuEditDelAllItems")->trigger();
-    QCOMPARE(records()->count(), 2);
+    // Deleting all is the main window's command (its question: tst_frmMain).
     m_dialogs->answerQuestion(Dialogs::Yes);
     recordsAction("mnuEditDelAllItems")->trigger();
     QCOMPARE(records()->count(), 0);
-    QVERIFY(!action("mnurecordspurge")->isEnabled());
-    QVERIFY(!action("mnuRecordsView")->isEnabled());
 
     // Loaded back with the main window's command, and added to what is marked.
     m_dialogs->answerOpenFile(path);
@@ -88,80 +77,47 @@ void tst_MarkedConversionsInMainWindow::saveDeleteLoadAndMakeCurrent()
     QVERIFY(action("mnuRecordsView")->isEnabled());
 
     show("1", "metre", "foot");
-    selectLine(0);
+    auto *list = records()->findChild<QListView *>("lstConvRecords");
+    list->selectionModel()->select(list->model()->index(0, 0), QItemSelectionModel::ClearAndSelect);
     recordsAction("mnuFileMakeCurrentConv")->trigger();
     QCOMPARE(value()->currentText(), "12");
     QCOMPARE(selected(left()) + selected(right()), "footinch");
     QCOMPARE(result()->text(), shown);
 
-    // A unit that is not in the main window's lists.
-    records()->AddConv("5", "furlong", "1", "inch", Lengths);
-    selectLine(2);
-    m_dialogs->expectMessage();
-    recordsAction("mnuFileMakeCurrentConv")->trigger();
-    QVERIFY(m_dialogs->asked().last().notice.text.startsWith("Mensura could not find all"));
-}
-
-// The report holds, for every unit of the right-hand list, what the main window shows for it.
-void tst_MarkedConversionsInMainWindow::allConversionsOfTheValue()
-{
-    QVERIFY(start());
-    show("12", "foot", "inch");
+    // All conversions of the value: the report holds, for every unit of the right-hand list,
+    // what the main window shows for it.
     m_dialogs->answerQuestion(Dialogs::No);
     action("mnuFilePrintAllConvForItem")->trigger();
     QVERIFY(m_dialogs->asked().last().notice.text.endsWith("\n12 foot?"));
-
-    const QString path = m_temp.filePath("report.txt");
-    m_dialogs->answerSaveFile(path);
+    const QString report = m_temp.filePath("report.txt");
+    m_dialogs->answerSaveFile(report);
     action("mnuFileSaveAllConvForItem")->trigger();
-    const auto read = ConversionsReader::readFile(path);
-    QCOMPARE(read.status, ConversionsReader::Finished);
+    const auto read = ConversionsReader::readFile(report);
     QCOMPARE(read.records.size(), right()->count());
     for (int row = 0; row < right()->count(); ++row) {
         const QString unit = right()->item(row)->text();
         clickUnit(right(), unit);
         QCOMPARE(read.records[row], conversion("12", "foot", result()->text(), unit, Lengths));
     }
-
     const QString gone = m_temp.filePath("gone/report.txt");
     m_dialogs->answerSaveFile(gone);
     m_dialogs->expectMessage();
     action("mnuFileSaveAllConvForItem")->trigger();
     QVERIFY(m_dialogs->asked().last().notice.text.startsWith(
         "The conversions could not be saved to " + gone));
-}
 
-void tst_MarkedConversionsInMainWindow::leaving_data()
-{
-    QTest::addColumn<bool>("saveFirst");
-    QTest::newRow("unsaved marked conversions ask first") << false;
-    QTest::newRow("all saved from the marked window, nothing to ask") << true;
-}
-
-void tst_MarkedConversionsInMainWindow::leaving()
-{
-    QFETCH(bool, saveFirst);
-    QVERIFY(start());
-    show("12", "foot", "inch");
-    action("mnurecordsadd")->trigger();
-    records()->show();
-    QVERIFY(QTest::qWaitForWindowExposed(records()));
-    records()->move(144, 96);
-    QTRY_COMPARE(records()->pos(), QPoint(144, 96));
-    if (saveFirst) {
-        m_dialogs->answerSaveFile(m_temp.filePath("saved.txt"));
-        recordsAction("mnuFileSaveAllRecords")->trigger();
-    } else {
-        m_dialogs->answerQuestion(Dialogs::Yes);
-    }
+    // Saved from their window, the marked conversions leave nothing to ask on leaving (the
+    // question itself: tst_frmMainSession), and the window's placement is kept with the rest.
+    m_dialogs->answerSaveFile(path);
+    recordsAction("mnuFileSaveAllRecords")->trigger();
     QVERIFY(m_program->close());
-    QCOMPARE(m_dialogs->asked().last().kind,
-        saveFirst ? ScriptedDialogs::SaveFile : ScriptedDialogs::Question);
-    // The marked conversions window's placement is kept with the rest.
-    if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0)) {
-        QCOMPARE(m_hive->readSetting("frmconvleft"), std::optional<QString>("2160"));
-        QCOMPARE(m_hive->readSetting("frmconvtop"), std::optional<QString>("1440"));
-    }
+    QCOMPARE(m_dialogs->asked().last().kind, ScriptedDialogs::SaveFile);
+    // In twips at 96 dots per inch.
+    const QStringList names { "frmconvleft", "frmconvtop", "frmconvwidth", "frmconvheight" };
+    const QStringList twips { "2160", "1440", "9000", "6750" };
+    for (int i = 0; i < 4; ++i)
+        if (qFuzzyCompare(m_program->window()->screen()->logicalDotsPerInch(), 96.0))
+            QCOMPARE(m_hive->readSetting(names[i]).value_or("none"), twips[i]);
 }
 
 MENSURA_GUI_TEST_MAIN(tst_MarkedConversionsInMainWindow)

@@ -7,7 +7,6 @@
 #include "shell/SettingsStore.h"
 
 #include <QAbstractItemModel>
-#include <QFile>
 #include <QLabel>
 #include <QListView>
 
@@ -48,26 +47,10 @@ void RecordsFixture::select(const QList<int> &rows)
             list()->model()->index(row, 0), QItemSelectionModel::Select);
 }
 
-QStringList RecordsFixture::shownLines() const
-{
-    QStringList lines;
-    for (int row = 0; row < list()->model()->rowCount(); ++row)
-        lines.append(list()->model()->index(row, 0).data().toString());
-    return lines;
-}
-
 void RecordsFixture::addNumbered(int n)
 {
     for (int i = 1; i <= n; ++i) {
         const MarkedConversion r = numbered(i);
         window->AddConv(r.fromValue, r.fromUnit, r.toValue, r.toUnit, r.quantity);
     }
-}
-
-QString RecordsFixture::writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(temp.filePath(name));
-    if (file.open(QIODevice::WriteOnly))
-        file.write(bytes);
-    return file.fileName();
 }

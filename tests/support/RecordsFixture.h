@@ -87,9 +87,7 @@ public:
     // The text of a status bar panel: "mainmessage" or "numconvs".
     QString panel(const char *name) const;
     void select(const QList<int> &rows);
-    QStringList shownLines() const;
     void addNumbered(int n); // marks numbered(1) to numbered(n)
-    QString writeFile(const QString &name, const QByteArray &bytes);
 
     // The main window as the marked conversions window sees it: these quantities with their
     // units are enabled.
