@@ -128,9 +128,7 @@ private Q_SLOTS:
     void findBarFindsInThePage();
     void standsBesideItsAnchor_data();
     void standsBesideItsAnchor();
-    void usableBesideADialog_data();
     void usableBesideADialog();
-    void readableInTheDesktopsPalette_data();
     void readableInTheDesktopsPalette();
     void writtenOutNumbersKeepTheirDigitGroups();
 
@@ -325,31 +323,17 @@ void tst_HelpWindow::standsBesideItsAnchor()
     QCOMPARE(m_help->frameGeometry().topLeft(), place);
 }
 
-void tst_HelpWindow::usableBesideADialog_data()
-{
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QString>("helpButton"); // empty: the help is opened before the dialog
-    for (const auto &[row, command, button] :
-        { std::tuple { "options dialog, its tutorial button", "mnufilesetopt", "cmdTutorial" },
-            { "find dialog, its help button", "mnuRecordsFind", "cmdHelp" },
-            { "About window, help opened before it", "mnuhelpabout", "" } })
-        QTest::newRow(row) << QString::fromLatin1(command) << QString::fromLatin1(button);
-}
-
-// The help is clicked through the window system, where a window blocked by a modal dialog gets
-// no input, as a user clicks it; the main window stays out of reach.
+// Opened from the options dialog's tutorial button, the help is clicked through the window
+// system, where a window blocked by a modal dialog gets no input, as a user clicks it; the main
+// window stays out of reach.
 void tst_HelpWindow::usableBesideADialog()
 {
-    QFETCH(QString, command);
-    QFETCH(QString, helpButton);
     TestHive hive;
     hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
     ScriptedDialogs dialogs;
     TestProgram program(hive, dialogs);
     QVERIFY(program.start());
     QVERIFY(QTest::qWaitForWindowExposed(program.window()));
-    if (helpButton.isEmpty())
-        program.find<QAction *>("mnuviewmetric")->trigger();
     const auto clickThroughTheWindowSystem = [](QWidget *widget) {
         QWidget *window = widget->window();
         QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
@@ -363,8 +347,7 @@ void tst_HelpWindow::usableBesideADialog()
         dialog = QApplication::activeModalWidget();
         if (!dialog)
             return;
-        if (!helpButton.isEmpty())
-            QTest::mouseClick(dialog->findChild<QWidget *>(helpButton), Qt::LeftButton);
+        QTest::mouseClick(dialog->findChild<QWidget *>("cmdTutorial"), Qt::LeftButton);
         for (QWidget *help : QApplication::topLevelWidgets()) {
             if (help->objectName() != QLatin1String("HelpWindow") || !help->isVisible()
                 || !QTest::qWaitForWindowExposed(help))
@@ -375,45 +358,37 @@ void tst_HelpWindow::usableBesideADialog()
         clickThroughTheWindowSystem(program.find<QWidget *>("cmdIncreaseSigFigs"));
         dialog->close();
     });
-    program.find<QAction *>(qPrintable(command))->trigger();
+    program.find<QAction *>("mnufilesetopt")->trigger();
     QVERIFY(dialog);
     QCOMPARE(shown, HelpTopics::contentsUrl());
     QCOMPARE(program.startup().settings().SigFigs, figures);
 }
 
-void tst_HelpWindow::readableInTheDesktopsPalette_data()
-{
-    QTest::addColumn<bool>("dark");
-    QTest::newRow("light palette") << false;
-    QTest::newRow("dark palette") << true;
-}
-
+// Under the desktop's palette and a dark one, each changed while a topic is open.
 void tst_HelpWindow::readableInTheDesktopsPalette()
 {
-    QFETCH(bool, dark);
     const QPalette kept = QApplication::palette();
     const auto restore = qScopeGuard([kept] { QApplication::setPalette(kept); });
-    // A topic is open when the desktop changes its palette.
-    m_help->showContext(HelpTopics::MetricPrefixes);
-    if (dark) {
-        QPalette palette = kept;
-        for (auto [role, colour] : { std::pair { QPalette::Window, QColor(53, 53, 53) },
-                 { QPalette::WindowText, Qt::white }, { QPalette::Base, QColor(35, 35, 35) },
-                 { QPalette::AlternateBase, QColor(53, 53, 53) }, { QPalette::Text, Qt::white },
-                 { QPalette::Button, QColor(53, 53, 53) }, { QPalette::ButtonText, Qt::white },
-                 { QPalette::Link, QColor(42, 130, 218) },
-                 { QPalette::Highlight, QColor(42, 130, 218) } })
-            palette.setColor(role, colour);
+    QPalette dark = kept;
+    for (auto [role, colour] :
+        { std::pair { QPalette::Window, QColor(53, 53, 53) }, { QPalette::WindowText, Qt::white },
+            { QPalette::Base, QColor(35, 35, 35) }, { QPalette::AlternateBase, QColor(53, 53, 53) },
+            { QPalette::Text, Qt::white }, { QPalette::Button, QColor(53, 53, 53) },
+            { QPalette::ButtonText, Qt::white }, { QPalette::Link, QColor(42, 130, 218) },
+            { QPalette::Highlight, QColor(42, 130, 218) } })
+        dark.setColor(role, colour);
+    for (const QPalette &palette : { kept, dark }) {
+        m_help->showContext(HelpTopics::MetricPrefixes);
         QApplication::setPalette(palette);
         QCoreApplication::processEvents(); // the windows learn of it through the event loop
-    }
-    // Three to one, the least contrast for large text in the Web Content Accessibility
-    // Guidelines: headings are large, and body text has far more than this.
-    QCOMPARE(hardToRead(m_topic, 3.0), QString());
-    for (const QString &file : topicFiles()) {
-        m_topic->setSource(HelpTopics::baseUrl().resolved(QUrl(file)));
-        QVERIFY2(hardToRead(m_topic, 3.0).isEmpty(),
-            qPrintable(file + QStringLiteral(": ") + hardToRead(m_topic, 3.0)));
+        // Three to one, the least contrast for large text in the Web Content Accessibility
+        // Guidelines: headings are large, and body text has far more than this.
+        QCOMPARE(hardToRead(m_topic, 3.0), QString());
+        for (const QString &file : topicFiles()) {
+            m_topic->setSource(HelpTopics::baseUrl().resolved(QUrl(file)));
+            QVERIFY2(hardToRead(m_topic, 3.0).isEmpty(),
+                qPrintable(file + QStringLiteral(": ") + hardToRead(m_topic, 3.0)));
+        }
     }
 }
 

@@ -5,6 +5,7 @@
 // and the targets the program opens with it.
 #include "catalogue/StringTable.h"
 #include "help/LinkTarget.h"
+#include "support/DataRows.h"
 
 #include <QTest>
 
@@ -32,8 +33,7 @@ void tst_LinkTarget::url_data()
         { "a host starting with http is taken as a scheme", "httpbin.org", "httpbin.org" },
         { "the comparison is case-sensitive", "HTTP://example.org", "http://HTTP://example.org" },
     };
-    for (const auto &row : rows)
-        QTest::newRow(row[0]) << QString::fromUtf8(row[1]) << QString::fromUtf8(row[2]);
+    addTextRows(rows);
 }
 
 void tst_LinkTarget::url()

@@ -3,13 +3,12 @@
 //
 // The options dialog's catalogue editor without a window: the rules and limits of every edit,
 // the properties panel's texts and states, the problems that keep OK from committing, and the
-// commit into a hive file and back. Every case starts from the same small catalogue, built by hand
+// commit into a hive file. Every case starts from the same small catalogue, built by hand
 // so that rows can name its quantities; a row's edit is a function run on the editor first.
 #include "catalogue/Catalogue.h"
 #include "catalogue/StringTable.h"
 #include "convert/NumberText.h"
 #include "options/CatalogueEditor.h"
-#include "shell/HiveFile.h"
 #include "shell/Session.h"
 #include "shell/SettingsStore.h"
 #include "support/CountingHive.h"
@@ -74,17 +73,12 @@ struct ProblemRow {
     QString message; // empty: nothing wrong
     int quantity, unit;
 };
-struct NamesRow {
-    const char *row;
-    QString quantity, unit;
-};
 } // namespace
 Q_DECLARE_METATYPE(NameRow)
 Q_DECLARE_METATYPE(UnitRow)
 Q_DECLARE_METATYPE(EditRow)
 Q_DECLARE_METATYPE(PanelRow)
 Q_DECLARE_METATYPE(ProblemRow)
-Q_DECLARE_METATYPE(NamesRow)
 
 class tst_CatalogueEditor : public QObject
 {
@@ -103,8 +97,6 @@ private Q_SLOTS:
     void properties();
     void findProblem_data();
     void findProblem();
-    void specialNamesSurviveTheStore_data();
-    void specialNamesSurviveTheStore();
     void commitRewritesTheWholeKeyInOneSave_data();
     void commitRewritesTheWholeKeyInOneSave();
     void applyReplacesTheLiveCatalogue();
@@ -415,52 +407,6 @@ void tst_CatalogueEditor::findProblem()
     QCOMPARE(problem.notice.text, row.message);
     QCOMPARE(problem.quantity, row.quantity);
     QCOMPARE(problem.unit, row.unit);
-}
-
-void tst_CatalogueEditor::specialNamesSurviveTheStore_data()
-{
-    addRows<NamesRow>({
-        { "quotes and a tilde", "He said \"x\"~", "\"inch\"" },
-        { "a backslash in a unit name", "Slashes", "back\\slash\\" },
-        { "brackets and equals signs", "[Bracketed]=", "]odd[=c=" },
-        { "leading and trailing blanks", " Padded ", "  unit  " },
-        { "a semicolon and an at sign", ";comment-like", "@" },
-        { "the longest names", QString(255, u'L'), QString(40, u'u') },
-        { "characters beyond the basic plane", "Emoji 📏", "ruler 𝔐" },
-    });
-}
-
-void tst_CatalogueEditor::specialNamesSurviveTheStore()
-{
-    QFETCH(NamesRow, row);
-    const QString file = m_dir.filePath(QStringLiteral("special.reg"));
-    QFile::remove(file);
-    const QString base = QStringLiteral("base ") + row.unit;
-    {
-        SettingsStore store(std::make_unique<HiveFile>(file));
-        Catalogue live;
-        live.LoadCatalogue(store);
-        CatalogueEditor editor(live, m_session);
-        const auto quantity = editor.addQuantity(row.quantity, base);
-        const auto added = editor.addUnit(quantity.quantity, row.unit, QStringLiteral("2.5"));
-        QVERIFY(!quantity.refusal && !added.refusal);
-        editor.setExact(quantity.quantity, added.unit, 1);
-        QVERIFY(!editor.findProblem());
-        editor.commitToStore(store, m_session);
-        QVERIFY(!store.saveFailed());
-    }
-    SettingsStore reopened(std::make_unique<HiveFile>(file));
-    Catalogue restarted;
-    restarted.LoadCatalogue(reopened);
-    const int q = restarted.findQuantity(row.quantity);
-    QVERIFY(q > Catalogue::BuiltinQuantityCount);
-    const PhysicalQuantity &quantity = restarted.Quantities[q];
-    QVERIFY(quantity.Custom == 1 && quantity.UnitCount == 2);
-    QCOMPARE(quantity.DefaultUnit, base);
-    const UnitEntry &u = restarted.Units[q][restarted.findUnit(q, row.unit)];
-    QCOMPARE(u.Name, row.unit);
-    QCOMPARE(u.FactorText, QStringLiteral("2.5"));
-    QVERIFY(u.Exact == 1 && u.OnOff == 1);
 }
 
 void tst_CatalogueEditor::commitRewritesTheWholeKeyInOneSave_data()
