@@ -310,8 +310,6 @@ void tst_CatalogueEditor::properties_data()
         { "the root", {}, "root", top, {}, {}, {}, {} },
         { "a built-in quantity", {}, "pLength", "Length", top, "onOff addUnit on", {},
             "Length has 2 units." + in + lengthHas },
-        { "a switched-off quantity", [](auto &e) { e.setQuantityOnOff(Length, 0); }, "pLength",
-            "Length", top, "onOff addUnit", {}, "Length has 2 units." + in + lengthHas },
         { "a custom quantity of one unit", {}, "pRays", "Rays", top,
             "name onOff addUnit removeQuantity on", {},
             "Rays has 1 unit." + in + "The default unit for this physical quantity is : ray." },
@@ -323,8 +321,6 @@ void tst_CatalogueEditor::properties_data()
                 + "You cannot add any units to this physical quantity." },
         { "a built-in unit", {}, "u1 2", "foot (ft)", "Length",
             "exactVisible onOff addUnit on exactTicked", "0.3048", builtin },
-        { "a switched-off built-in unit", [](auto &e) { e.setUnitOnOff(Length, 2, 0); }, "u1 2",
-            "foot (ft)", "Length", "exactVisible onOff addUnit exactTicked", "0.3048", builtin },
         { "a custom quantity's default unit", {}, "u3 1", "widget", "Widgets",
             "name exactVisible onOff addUnit on exactTicked", "1",
             "This unit is the default unit, and therefore its conversion factor cannot be "
