@@ -33,7 +33,6 @@ private Q_SLOTS:
 
 private:
     QStringList tabs() const;
-    void clickUnit(const char *list, const QString &unit);
 
     OptionsFixture f;
 };
@@ -58,15 +57,6 @@ QStringList tst_OptionsFromMainWindow::tabs() const
     for (int i = 0; i < bar->count(); ++i)
         names.append(bar->tabText(i));
     return names;
-}
-
-void tst_OptionsFromMainWindow::clickUnit(const char *name, const QString &unit)
-{
-    auto *list = f.program->find<QListWidget *>(name);
-    const QList<QListWidgetItem *> items = list->findItems(unit, Qt::MatchExactly);
-    QVERIFY2(!items.isEmpty(), qPrintable(unit));
-    QTest::mouseClick(
-        list->viewport(), Qt::LeftButton, {}, list->visualItemRect(items.first()).center());
 }
 
 void tst_OptionsFromMainWindow::everyCommandOpensTheDialog_data()
@@ -131,8 +121,12 @@ void tst_OptionsFromMainWindow::okPutsTheCatalogueIntoUse()
         QLineEdit *value = f.program->find<QComboBox *>("txtLeft")->lineEdit();
         value->selectAll();
         QTest::keyClicks(value, QStringLiteral("8"));
-        clickUnit("lstLeft", QStringLiteral("widget"));
-        clickUnit("lstRight", QStringLiteral("doohickey"));
+        for (const auto &[name, unit] :
+            { std::pair { "lstLeft", "widget" }, { "lstRight", "doohickey" } }) {
+            auto *list = f.program->find<QListWidget *>(name);
+            list->setCurrentItem(
+                list->findItems(QString::fromUtf8(unit), Qt::MatchExactly).value(0));
+        }
         const QString result = f.program->find<QLineEdit *>("txtRight")->text();
         QVERIFY2(NumberText::leadingNumber(result) == 2.0, qPrintable(result));
         if (run == 2)
