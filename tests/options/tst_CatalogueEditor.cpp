@@ -45,16 +45,13 @@ QString message(int id, const char *name = nullptr, const char *other = nullptr)
     return name ? text(id).arg(QString::fromUtf8(name)) : text(id);
 }
 
-struct NameRow {
+struct AddRow {
     const char *row;
     Edit edit;
-    QString name, refusal; // refusal empty: accepted
-};
-struct UnitRow {
-    const char *row;
-    int quantity, fill; // fill: units added before, named "filler 1", "filler 2", ...
-    QString typed, factorText, refusal, storedName; // refusal empty: accepted
-    double factor;
+    int quantity; // 0: a new quantity is added, else a unit to this one
+    QString typed, factorText, refusal;
+    QString kept = {}; // the name added; none for a refusal
+    double factor = 0;
 };
 struct EditRow {
     const char *row;
@@ -74,8 +71,7 @@ struct ProblemRow {
     int quantity, unit;
 };
 } // namespace
-Q_DECLARE_METATYPE(NameRow)
-Q_DECLARE_METATYPE(UnitRow)
+Q_DECLARE_METATYPE(AddRow)
 Q_DECLARE_METATYPE(EditRow)
 Q_DECLARE_METATYPE(PanelRow)
 Q_DECLARE_METATYPE(ProblemRow)
@@ -86,10 +82,8 @@ class tst_CatalogueEditor : public QObject
 
 private Q_SLOTS:
     void init();
-    void newQuantityName_data();
-    void newQuantityName();
-    void addUnit_data();
-    void addUnit();
+    void adding_data();
+    void adding();
     void everyEditSetsTheChangedFlag_data();
     void everyEditSetsTheChangedFlag();
     void missingDefaultUnitBecomesTheFirstUnit();
@@ -136,7 +130,7 @@ void tst_CatalogueEditor::init()
     QCOMPARE(m_catalogue.QuantityCount, Empty);
 }
 
-void tst_CatalogueEditor::newQuantityName_data()
+void tst_CatalogueEditor::adding_data()
 {
     const Edit none;
     const Edit rename = [](CatalogueEditor &e) { e.renameQuantity(Widgets, "Gizmos"); };
@@ -144,109 +138,95 @@ void tst_CatalogueEditor::newQuantityName_data()
         rename(e);
         e.resetNodeKeys();
     };
-    addRows<NameRow>({
-        { "a new name", none, "Speed", {} },
-        { "a built-in quantity's name", none, "Length", message(5215) },
-        { "a custom quantity's name", none, "Widgets", message(5215) },
-        { "a name differing only in capitals", none, "length", message(5254, "length", "Length") },
-        { "a renamed quantity's new name", rename, "Gizmos", message(5215) },
-        { "a renamed quantity's old name, still its node's key", rename, "Widgets", message(5215) },
-        { "a renamed quantity's old name once the tree is rebuilt", rebuilt, "Widgets", {} },
-        { "an empty name", none, "", message(5250) },
-        { "blanks only", none, "   ", message(5250) },
-        { "a backslash", none, "Speed\\Fast", message(5251) },
-        { "a line break", none, "Speed\nFast", message(5252) },
-        { "a delete character", none, "Speed\x7f", message(5252) },
-        { "the last control character", none, "Speed\x1f", message(5252) },
-        { "256 characters", none, QString(256, u'q'), message(5253) },
-        { "255 characters", none, QString(255, u'q'), {} },
+    const auto fill = [](int count) -> Edit {
+        return [count](CatalogueEditor &e) {
+            for (int k = 1; k <= count; ++k)
+                e.addUnit(Widgets, QStringLiteral("filler %1").arg(k), QStringLiteral("2"));
+        };
+    };
+    const QString longName = QStringLiteral("A unit whose name goes on beyond forty characters");
+    const QString emoji = QString(39, u'a') + QStringLiteral("😀b");
+    addRows<AddRow>({
+        { "a new quantity", none, 0, "Speed", "1", {}, "Speed", 1 },
+        { "a built-in quantity's name", none, 0, "Length", {}, message(5215) },
+        { "a custom quantity's name", none, 0, "Widgets", {}, message(5215) },
+        { "a name differing only in capitals", none, 0, "length", {},
+            message(5254, "length", "Length") },
+        { "a renamed quantity's new name", rename, 0, "Gizmos", {}, message(5215) },
+        { "a renamed quantity's old name, still its node's key", rename, 0, "Widgets", {},
+            message(5215) },
+        { "a renamed quantity's old name once the tree is rebuilt", rebuilt, 0, "Widgets", "1", {},
+            "Widgets", 1 },
+        { "no quantity name", none, 0, "", {}, message(5250) },
+        { "a quantity name of blanks only", none, 0, "   ", {}, message(5250) },
+        { "a backslash", none, 0, "Speed\\Fast", {}, message(5251) },
+        { "a line break", none, 0, "Speed\nFast", {}, message(5252) },
+        { "a delete character", none, 0, "Speed\x7f", {}, message(5252) },
+        { "the last control character", none, 0, "Speed\x1f", {}, message(5252) },
+        { "256 characters", none, 0, QString(256, u'q'), {}, message(5253) },
+        { "255 characters", none, 0, QString(255, u'q'), "1", {}, QString(255, u'q'), 1 },
+        { "a custom unit", none, Widgets, "sprocket", "0.35", {}, "sprocket", 0.35 },
+        { "a name cut to 40 characters", none, Widgets, longName, "2", {}, longName.left(40), 2 },
+        { "a name of 40 characters", none, Widgets, longName.left(40), "2", {}, longName.left(40),
+            2 },
+        { "the cut keeps a surrogate pair whole", none, Widgets, emoji, "2", {}, QString(39, u'a'),
+            2 },
+        { "blanks inside the factor", none, Length, "chain-ish", "1 234.5", {}, "chain-ish",
+            1234.5 },
+        { "an exponent", none, Length, "kilo", "1E3", {}, "kilo", 1000 },
+        { "the 55th unit", fill(52), Widgets, "last", "2", {}, "last", 2 },
+        { "the 56th unit", fill(53), Widgets, "one too many", "2", message(5220) },
+        { "a unit name in use", none, Widgets, "gadget", "2", message(5224, "gadget") },
+        { "a built-in unit's name in other capitals", none, Length, "Metre (m)", "1", {},
+            "Metre (m)", 1 },
+        { "a custom unit's name in other capitals", none, Widgets, "Gadget", "2",
+            message(5254, "Gadget", "gadget") },
+        { "no unit name", none, Widgets, "   ", "2", message(5250) },
+        { "a factor that is no number", none, Widgets, "w", "abc", message(5255) },
+        { "a zero factor", none, Widgets, "w", "0", message(5255) },
+        { "a negative factor", none, Widgets, "w", "-2", message(5255) },
+        { "a factor beyond a double", none, Widgets, "w", "1e999", message(5235) },
+        { "a factor whose reciprocal overflows", none, Widgets, "w", "1e-320", message(5235) },
+        { "a D exponent the figure count cannot read", none, Widgets, "w", "1D3", message(5235) },
     });
 }
 
-void tst_CatalogueEditor::newQuantityName()
+// A new quantity comes with its exact default unit of factor 1; a new unit is inexact.
+void tst_CatalogueEditor::adding()
 {
-    QFETCH(NameRow, row);
+    QFETCH(AddRow, row);
     CatalogueEditor editor(m_catalogue, m_session);
     if (row.edit)
         row.edit(editor);
     m_session.CatalogueChanged = false;
-    const int count = editor.quantityCount();
+    const int q = row.quantity;
+    const auto count = [&] { return q ? editor.quantity(q).UnitCount : editor.quantityCount(); };
+    const int before = count();
     // A unit's name may hold a backslash: only a quantity's name becomes a key of the store.
     const QString unit = QStringLiteral("back\\slash");
-    const CatalogueEditor::Added added = editor.addQuantity(row.name, unit);
+    const CatalogueEditor::Added added
+        = q ? editor.addUnit(q, row.typed, row.factorText) : editor.addQuantity(row.typed, unit);
     QCOMPARE(added.refusal.value_or(Notice()).text, row.refusal);
     QCOMPARE(m_session.CatalogueChanged, row.refusal.isEmpty());
+    QCOMPARE(count(), before + (added.refusal ? 0 : 1));
     if (added.refusal) {
         QCOMPARE(added.refusal->icon, Notice::Exclamation);
-        QCOMPARE(editor.quantityCount(), count);
         return;
     }
-    QVERIFY(added.quantity == count + 1 && added.unit == 1);
-    QCOMPARE(editor.quantityNodeKey(added.quantity), u'p' + row.name);
+    QCOMPARE(added.quantity, q ? q : before + 1);
+    QCOMPARE(added.unit, q ? before + 1 : 1);
     const PhysicalQuantity &quantity = editor.quantity(added.quantity);
-    QCOMPARE(quantity.Name, row.name);
-    QVERIFY(quantity.OnOff == 1 && quantity.Custom == 1 && quantity.UnitCount == 1);
-    // Its first unit is its exact default unit, of factor 1.
-    const UnitEntry &first = editor.unit(added.quantity, 1);
-    QCOMPARE(first.Name, unit);
-    QCOMPARE(quantity.DefaultUnit, first.Name);
-    QVERIFY(first.OnOff == 1 && first.Custom == 1 && first.Exact == 1 && first.Factor == 1.0);
-    QCOMPARE(first.FactorText, QStringLiteral("1"));
-}
-
-void tst_CatalogueEditor::addUnit_data()
-{
-    const QString longName = QStringLiteral("A unit whose name goes on beyond forty characters");
-    const QString emoji = QString(39, u'a') + QStringLiteral("😀b");
-    addRows<UnitRow>({
-        { "a custom unit", Widgets, 0, "sprocket", "0.35", {}, "sprocket", 0.35 },
-        { "a name cut to 40 characters", Widgets, 0, longName, "2", {}, longName.left(40), 2 },
-        { "a name of 40 characters", Widgets, 0, longName.left(40), "2", {}, longName.left(40), 2 },
-        { "the cut keeps a surrogate pair whole", Widgets, 0, emoji, "2", {}, QString(39, u'a'),
-            2 },
-        { "blanks inside the factor", Length, 0, "chain-ish", "1 234.5", {}, "chain-ish", 1234.5 },
-        { "an exponent", Length, 0, "kilo", "1E3", {}, "kilo", 1000 },
-        { "the 55th unit", Widgets, 52, "last", "2", {}, "last", 2 },
-        { "the 56th unit", Widgets, 53, "one too many", "2", message(5220), {}, 0 },
-        { "a name in use", Widgets, 0, "gadget", "2", message(5224, "gadget"), {}, 0 },
-        { "a built-in unit's name in other capitals", Length, 0, "Metre (m)", "1", {}, "Metre (m)",
-            1 },
-        { "a custom unit's name in other capitals", Widgets, 0, "Gadget", "2",
-            message(5254, "Gadget", "gadget"), {}, 0 },
-        { "an empty name", Widgets, 0, "   ", "2", message(5250), {}, 0 },
-        { "a factor that is no number", Widgets, 0, "w", "abc", message(5255), {}, 0 },
-        { "a zero factor", Widgets, 0, "w", "0", message(5255), {}, 0 },
-        { "a negative factor", Widgets, 0, "w", "-2", message(5255), {}, 0 },
-        { "a factor beyond a double", Widgets, 0, "w", "1e999", message(5235), {}, 0 },
-        { "a factor whose reciprocal overflows", Widgets, 0, "w", "1e-320", message(5235), {}, 0 },
-        { "a D exponent the figure count cannot read", Widgets, 0, "w", "1D3", message(5235), {},
-            0 },
-    });
-}
-
-void tst_CatalogueEditor::addUnit()
-{
-    QFETCH(UnitRow, row);
-    CatalogueEditor editor(m_catalogue, m_session);
-    const int q = row.quantity;
-    for (int k = 1; k <= row.fill; ++k)
-        QVERIFY(
-            !editor.addUnit(q, QStringLiteral("filler %1").arg(k), QStringLiteral("2")).refusal);
-    m_session.CatalogueChanged = false;
-    const int before = editor.quantity(q).UnitCount;
-    const CatalogueEditor::Added added = editor.addUnit(q, row.typed, row.factorText);
-    QCOMPARE(added.refusal.value_or(Notice()).text, row.refusal);
-    QCOMPARE(m_session.CatalogueChanged, row.refusal.isEmpty());
-    QCOMPARE(editor.quantity(q).UnitCount, before + (added.refusal ? 0 : 1));
-    if (added.refusal)
-        return;
-    QCOMPARE(added.unit, before + 1);
-    const UnitEntry &u = editor.unit(q, added.unit);
-    QCOMPARE(u.Name, row.storedName);
+    if (!q) {
+        QCOMPARE(quantity.Name, row.kept);
+        QCOMPARE(editor.quantityNodeKey(added.quantity), u'p' + row.kept);
+        QVERIFY(quantity.OnOff == 1 && quantity.Custom == 1 && quantity.UnitCount == 1);
+        QCOMPARE(quantity.DefaultUnit, unit);
+    }
+    const UnitEntry &u = editor.unit(added.quantity, added.unit);
+    QCOMPARE(u.Name, q ? row.kept : unit);
     QCOMPARE(u.FactorText, row.factorText);
     QCOMPARE(u.Factor, row.factor);
-    QVERIFY(u.Custom == 1 && u.OnOff == 1 && u.Exact == 0);
-    QCOMPARE(editor.unitIcon(q, added.unit), CatalogueEditor::EnabledUnitIcon);
+    QVERIFY(u.Custom == 1 && u.OnOff == 1 && u.Exact == (q ? 0 : 1));
 }
 
 void tst_CatalogueEditor::everyEditSetsTheChangedFlag_data()
