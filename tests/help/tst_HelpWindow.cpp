@@ -3,19 +3,15 @@
 //
 // The help: every context number the program asks for opens its topic, every link of every
 // topic leads somewhere, the find bar works, the topics read well under a light and a dark
-// palette, and the help stays usable while a dialog of the program is open.
+// palette (that it stays usable beside a dialog is tst_OptionsFromMainWindow's).
 #include "catalogue/StringTable.h"
 #include "help/HelpTopics.h"
 #include "help/HelpWindow.h"
-#include "support/ScriptedDialogs.h"
-#include "support/TestHive.h"
-#include "support/TestProgram.h"
 #include "support/UrlCatcher.h"
 
 #include <algorithm>
 #include <cmath>
 #include <QAbstractTextDocumentLayout>
-#include <QAction>
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
@@ -27,7 +23,6 @@
 #include <QTextBlock>
 #include <QTextBrowser>
 #include <QTextTable>
-#include <QTimer>
 #include <QToolButton>
 
 namespace
@@ -122,7 +117,6 @@ private Q_SLOTS:
     void findBarFindsInThePage();
     void standsBesideItsAnchor_data();
     void standsBesideItsAnchor();
-    void usableBesideADialog();
     void readableInTheDesktopsPalette();
     void writtenOutNumbersKeepTheirDigitGroups();
 
@@ -310,47 +304,6 @@ void tst_HelpWindow::standsBesideItsAnchor()
     m_anchor->move(m_anchor->pos() + QPoint(30, 30));
     m_help->showContents();
     QCOMPARE(m_help->frameGeometry().topLeft(), place);
-}
-
-// Opened from the options dialog's tutorial button, the help is clicked through the window
-// system, where a window blocked by a modal dialog gets no input, as a user clicks it; the main
-// window stays out of reach.
-void tst_HelpWindow::usableBesideADialog()
-{
-    TestHive hive;
-    hive.writeSetting(QStringLiteral("StartOnce"), QStringLiteral("1"));
-    ScriptedDialogs dialogs;
-    TestProgram program(hive, dialogs);
-    QVERIFY(program.start());
-    QVERIFY(QTest::qWaitForWindowExposed(program.window()));
-    const auto clickThroughTheWindowSystem = [](QWidget *widget) {
-        QWidget *window = widget->window();
-        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
-            widget->mapTo(window, widget->rect().center()));
-    };
-
-    QWidget *dialog = nullptr;
-    QUrl shown;
-    const int figures = program.startup().settings().SigFigs;
-    QTimer::singleShot(0, this, [&] {
-        dialog = QApplication::activeModalWidget();
-        if (!dialog)
-            return;
-        QTest::mouseClick(dialog->findChild<QWidget *>("cmdTutorial"), Qt::LeftButton);
-        for (QWidget *help : QApplication::topLevelWidgets()) {
-            if (help->objectName() != QLatin1String("HelpWindow") || !help->isVisible()
-                || !QTest::qWaitForWindowExposed(help))
-                continue;
-            clickThroughTheWindowSystem(help->findChild<QWidget *>("cmdContents"));
-            shown = help->findChild<QTextBrowser *>("txtTopic")->source();
-        }
-        clickThroughTheWindowSystem(program.find<QWidget *>("cmdIncreaseSigFigs"));
-        dialog->close();
-    });
-    program.find<QAction *>("mnufilesetopt")->trigger();
-    QVERIFY(dialog);
-    QCOMPARE(shown, HelpTopics::contentsUrl());
-    QCOMPARE(program.startup().settings().SigFigs, figures);
 }
 
 // Under the desktop's palette and a dark one, each changed while a topic is open.

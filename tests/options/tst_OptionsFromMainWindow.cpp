@@ -8,6 +8,7 @@
 // the other window tests, which would take the options dialog itself for a stray window.
 #include "catalogue/StringTable.h"
 #include "convert/NumberText.h"
+#include "help/HelpTopics.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
 #include "options/frmSetOpt.h"
@@ -18,6 +19,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QSignalSpy>
+#include <QTextBrowser>
 
 class tst_OptionsFromMainWindow : public QObject
 {
@@ -67,18 +69,34 @@ void tst_OptionsFromMainWindow::everyCommandOpensTheDialog_data()
     QTest::newRow("double-click on status panel 3") << QByteArray("StatusBarPanel3");
 }
 
-// F1 and the tutorial button ask the main window for help; Cancel drops every edit.
+// F1 and the tutorial button ask the main window for help. The help is then clicked through the
+// window system, where a window blocked by a modal dialog gets no input, as a user clicks it: it
+// is usable beside the dialog, and the main window is out of reach. Cancel drops every edit.
 void tst_OptionsFromMainWindow::everyCommandOpensTheDialog()
 {
     QFETCH(QByteArray, command);
     const QStringList before = tabs();
     const QByteArray hive = f.hiveBytes();
+    const int figures = f.program->startup().settings().SigFigs;
     QSignalSpy help(f.program->window(), &frmMain::helpRequested);
+    const auto clickThroughTheWindowSystem = [](QWidget *widget) {
+        QWidget *window = widget->window();
+        QTest::mouseClick(window->windowHandle(), Qt::LeftButton, {},
+            widget->mapTo(window, widget->rect().center()));
+    };
+    QUrl shown;
     f.answer({ QStringLiteral("Gizmos"), QStringLiteral("gizmo") });
     QVERIFY(f.runOptions(command.constData(), [&] {
         f.click("cmdTutorial");
         QApplication::setActiveWindow(f.dialog()); // shortcuts go to the active window
         QTest::keyClick(f.dialog(), Qt::Key_F1);
+        for (QWidget *window : QApplication::topLevelWidgets()) {
+            if (window->objectName() == u"HelpWindow" && QTest::qWaitForWindowExposed(window)) {
+                clickThroughTheWindowSystem(window->findChild<QWidget *>("cmdContents"));
+                shown = window->findChild<QTextBrowser *>("txtTopic")->source();
+            }
+        }
+        clickThroughTheWindowSystem(f.program->find<QWidget *>("cmdIncreaseSigFigs"));
         f.select(f.node(u'p' + OptionsFixture::Widgets));
         f.click("optOnOff_1");
         f.click("cmdAddNewPhysQuan");
@@ -89,6 +107,8 @@ void tst_OptionsFromMainWindow::everyCommandOpensTheDialog()
     QCOMPARE(help.size(), 2);
     QCOMPARE(help.at(0).at(0).toInt(), 24);
     QCOMPARE(help.at(1).at(0).toInt(), 40);
+    QCOMPARE(shown, HelpTopics::contentsUrl());
+    QCOMPARE(f.program->startup().settings().SigFigs, figures);
     QCOMPARE(tabs(), before);
     QVERIFY(!f.program->find<StatusPanel *>("StatusBarPanel4")->isPanelEnabled());
     QCOMPARE(f.hiveBytes(), hive);
