@@ -159,15 +159,8 @@ void tst_HelpWindow::contextOpensItsTopic()
     QFETCH(int, context);
     QFETCH(QString, phrase);
     m_help->showContext(context);
-    QVERIFY(m_help->isVisible());
     QCOMPARE(m_topic->source(), HelpTopics::topicUrl(context));
-    const QString shown = m_topic->toPlainText();
-    if (HelpTopics::topicFile(context).isEmpty()) {
-        QCOMPARE(shown.trimmed(), phrase);
-    } else {
-        QVERIFY2(shown.contains(phrase), qPrintable(phrase));
-        QVERIFY(!m_topic->documentTitle().isEmpty());
-    }
+    QVERIFY2(m_topic->toPlainText().contains(phrase), qPrintable(phrase));
 }
 
 void tst_HelpWindow::everyTopicIsListedAndItsLinksLeadSomewhere_data()
