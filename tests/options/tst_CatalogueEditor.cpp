@@ -47,18 +47,18 @@ QString message(int id, const char *name = nullptr, const char *other = nullptr)
 
 struct AddRow {
     const char *row;
-    Edit edit;
     int quantity; // 0: a new quantity is added, else a unit to this one
     QString typed, factorText, refusal;
     QString kept = {}; // the name added; none for a refusal
     double factor = 0;
+    Edit edit = {}; // run on the editor first
 };
 struct PanelRow {
     const char *row;
-    Edit edit;
     QString key, nodeText, parentText;
-    QString shown; // the controls that apply, and the states shown
-    QString factorText, comments;
+    QString shown = {}; // the controls that apply, and the states shown
+    QString factorText = {}, comments = {};
+    Edit edit = {}; // run on the editor first
 };
 struct ProblemRow {
     const char *row;
@@ -125,7 +125,6 @@ void tst_CatalogueEditor::init()
 
 void tst_CatalogueEditor::adding_data()
 {
-    const Edit none;
     const Edit rename = [](CatalogueEditor &e) { e.renameQuantity(Widgets, "Gizmos"); };
     const Edit rebuilt = [=](CatalogueEditor &e) {
         rename(e);
@@ -140,47 +139,43 @@ void tst_CatalogueEditor::adding_data()
     const QString longName = QStringLiteral("A unit whose name goes on beyond forty characters");
     const QString emoji = QString(39, u'a') + QStringLiteral("😀b");
     addRows<AddRow>({
-        { "a new quantity", none, 0, "Speed", "1", {}, "Speed", 1 },
-        { "a built-in quantity's name", none, 0, "Length", {}, message(5215) },
-        { "a custom quantity's name", none, 0, "Widgets", {}, message(5215) },
-        { "a name differing only in capitals", none, 0, "length", {},
-            message(5254, "length", "Length") },
-        { "a renamed quantity's new name", rename, 0, "Gizmos", {}, message(5215) },
-        { "a renamed quantity's old name, still its node's key", rename, 0, "Widgets", {},
-            message(5215) },
-        { "a renamed quantity's old name once the tree is rebuilt", rebuilt, 0, "Widgets", "1", {},
-            "Widgets", 1 },
-        { "no quantity name", none, 0, "", {}, message(5250) },
-        { "a quantity name of blanks only", none, 0, "   ", {}, message(5250) },
-        { "a backslash", none, 0, "Speed\\Fast", {}, message(5251) },
-        { "a line break", none, 0, "Speed\nFast", {}, message(5252) },
-        { "a delete character", none, 0, "Speed\x7f", {}, message(5252) },
-        { "the last control character", none, 0, "Speed\x1f", {}, message(5252) },
-        { "256 characters", none, 0, QString(256, u'q'), {}, message(5253) },
-        { "255 characters", none, 0, QString(255, u'q'), "1", {}, QString(255, u'q'), 1 },
-        { "a custom unit", none, Widgets, "sprocket", "0.35", {}, "sprocket", 0.35 },
-        { "a name cut to 40 characters", none, Widgets, longName, "2", {}, longName.left(40), 2 },
-        { "a name of 40 characters", none, Widgets, longName.left(40), "2", {}, longName.left(40),
-            2 },
-        { "the cut keeps a surrogate pair whole", none, Widgets, emoji, "2", {}, QString(39, u'a'),
-            2 },
-        { "blanks inside the factor", none, Length, "chain-ish", "1 234.5", {}, "chain-ish",
-            1234.5 },
-        { "an exponent", none, Length, "kilo", "1E3", {}, "kilo", 1000 },
-        { "the 55th unit", fill(52), Widgets, "last", "2", {}, "last", 2 },
-        { "the 56th unit", fill(53), Widgets, "one too many", "2", message(5220) },
-        { "a unit name in use", none, Widgets, "gadget", "2", message(5224, "gadget") },
-        { "a built-in unit's name in other capitals", none, Length, "Metre (m)", "1", {},
-            "Metre (m)", 1 },
-        { "a custom unit's name in other capitals", none, Widgets, "Gadget", "2",
+        { "a new quantity", 0, "Speed", "1", {}, "Speed", 1 },
+        { "a built-in quantity's name", 0, "Length", {}, message(5215) },
+        { "a custom quantity's name", 0, "Widgets", {}, message(5215) },
+        { "a name differing only in capitals", 0, "length", {}, message(5254, "length", "Length") },
+        { "a renamed quantity's new name", 0, "Gizmos", {}, message(5215), {}, 0, rename },
+        { "a renamed quantity's old name, still its node's key", 0, "Widgets", {}, message(5215),
+            {}, 0, rename },
+        { "a renamed quantity's old name once the tree is rebuilt", 0, "Widgets", "1", {},
+            "Widgets", 1, rebuilt },
+        { "no quantity name", 0, "", {}, message(5250) },
+        { "a quantity name of blanks only", 0, "   ", {}, message(5250) },
+        { "a backslash", 0, "Speed\\Fast", {}, message(5251) },
+        { "a line break", 0, "Speed\nFast", {}, message(5252) },
+        { "a delete character", 0, "Speed\x7f", {}, message(5252) },
+        { "the last control character", 0, "Speed\x1f", {}, message(5252) },
+        { "256 characters", 0, QString(256, u'q'), {}, message(5253) },
+        { "255 characters", 0, QString(255, u'q'), "1", {}, QString(255, u'q'), 1 },
+        { "a custom unit", Widgets, "sprocket", "0.35", {}, "sprocket", 0.35 },
+        { "a name cut to 40 characters", Widgets, longName, "2", {}, longName.left(40), 2 },
+        { "a name of 40 characters", Widgets, longName.left(40), "2", {}, longName.left(40), 2 },
+        { "the cut keeps a surrogate pair whole", Widgets, emoji, "2", {}, QString(39, u'a'), 2 },
+        { "blanks inside the factor", Length, "chain-ish", "1 234.5", {}, "chain-ish", 1234.5 },
+        { "an exponent", Length, "kilo", "1E3", {}, "kilo", 1000 },
+        { "the 55th unit", Widgets, "last", "2", {}, "last", 2, fill(52) },
+        { "the 56th unit", Widgets, "one too many", "2", message(5220), {}, 0, fill(53) },
+        { "a unit name in use", Widgets, "gadget", "2", message(5224, "gadget") },
+        { "a built-in unit's name in other capitals", Length, "Metre (m)", "1", {}, "Metre (m)",
+            1 },
+        { "a custom unit's name in other capitals", Widgets, "Gadget", "2",
             message(5254, "Gadget", "gadget") },
-        { "no unit name", none, Widgets, "   ", "2", message(5250) },
-        { "a factor that is no number", none, Widgets, "w", "abc", message(5255) },
-        { "a zero factor", none, Widgets, "w", "0", message(5255) },
-        { "a negative factor", none, Widgets, "w", "-2", message(5255) },
-        { "a factor beyond a double", none, Widgets, "w", "1e999", message(5235) },
-        { "a factor whose reciprocal overflows", none, Widgets, "w", "1e-320", message(5235) },
-        { "a D exponent the figure count cannot read", none, Widgets, "w", "1D3", message(5235) },
+        { "no unit name", Widgets, "   ", "2", message(5250) },
+        { "a factor that is no number", Widgets, "w", "abc", message(5255) },
+        { "a zero factor", Widgets, "w", "0", message(5255) },
+        { "a negative factor", Widgets, "w", "-2", message(5255) },
+        { "a factor beyond a double", Widgets, "w", "1e999", message(5235) },
+        { "a factor whose reciprocal overflows", Widgets, "w", "1e-320", message(5235) },
+        { "a D exponent the figure count cannot read", Widgets, "w", "1D3", message(5235) },
     });
 }
 
@@ -254,32 +249,32 @@ void tst_CatalogueEditor::properties_data()
         e.renameUnit(Widgets, 3, "gadget");
     };
     addRows<PanelRow>({
-        { "the root", {}, "root", top, {}, {}, {}, {} },
-        { "a built-in quantity", {}, "pLength", "Length", top, "onOff addUnit on", {},
+        { "the root", "root", top, {} },
+        { "a built-in quantity", "pLength", "Length", top, "onOff addUnit on", {},
             "Length has 2 units." + in + lengthHas },
-        { "a custom quantity of one unit", {}, "pRays", "Rays", top,
+        { "a custom quantity of one unit", "pRays", "Rays", top,
             "name onOff addUnit removeQuantity on", {},
             "Rays has 1 unit." + in + "The default unit for this physical quantity is : ray." },
-        { "a custom quantity without units", {}, "pEmpty", "Empty", top,
+        { "a custom quantity without units", "pEmpty", "Empty", top,
             "name onOff addUnit removeQuantity on", {},
             "Empty has 0 units." + in + "The default unit for this physical quantity is : ." },
-        { "temperature", {}, "p" + temperature, temperature, top, "onOff on", {},
+        { "temperature", "p" + temperature, temperature, top, "onOff on", {},
             temperature + " has 4 units." + in
                 + "You cannot add any units to this physical quantity." },
-        { "a built-in unit", {}, "u1 2", "foot (ft)", "Length",
+        { "a built-in unit", "u1 2", "foot (ft)", "Length",
             "exactVisible onOff addUnit on exactTicked", "0.3048", builtin },
-        { "a custom quantity's default unit", {}, "u3 1", "widget", "Widgets",
+        { "a custom quantity's default unit", "u3 1", "widget", "Widgets",
             "name exactVisible onOff addUnit on exactTicked", "1",
             "This unit is the default unit, and therefore its conversion factor cannot be "
             "modified."
                 + widgets },
-        { "a custom unit", {}, "u3 2", "gadget", "Widgets", customUnit, "2.5", custom + widgets },
-        { "two units of one name show the first", twoGadgets, "u3 3", "gadget", "Widgets",
-            customUnit, "2.5", custom + widgets },
-        { "a temperature unit", {}, "u2 2", "kelvin (K)", temperature, "onOff on", {},
+        { "a custom unit", "u3 2", "gadget", "Widgets", customUnit, "2.5", custom + widgets },
+        { "two units of one name show the first", "u3 3", "gadget", "Widgets", customUnit, "2.5",
+            custom + widgets, twoGadgets },
+        { "a temperature unit", "u2 2", "kelvin (K)", temperature, "onOff on", {},
             "kelvin (K)" + in + "The default unit for " + temperature + " is : Celsius (°C)." },
-        { "a node whose unit is gone", [](auto &e) { e.removeUnit(Widgets, 2); }, "u3 2", "gadget",
-            "Widgets", {}, {}, {} },
+        { "a node whose unit is gone", "u3 2", "gadget", "Widgets", {}, {}, {},
+            [](auto &e) { e.removeUnit(Widgets, 2); } },
     });
 }
 
