@@ -8,7 +8,6 @@
 #include "catalogue/StringTable.h"
 #include "catalogue/UserCatalogue.h"
 #include "convert/NumberText.h"
-#include "options/frmSetOpt.h"
 #include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/OptionsFixture.h"
