@@ -129,7 +129,6 @@ private:
 void tst_HelpWindow::init()
 {
     m_anchor = std::make_unique<QWidget>();
-    m_anchor->setGeometry(100, 100, 500, 400);
     m_help = new HelpWindow(m_anchor.get()); // goes with its anchor
     m_topic = control<QTextBrowser>("txtTopic");
     QVERIFY(m_topic);

@@ -31,7 +31,6 @@ private Q_SLOTS:
     void everyCommandOpensTheDialog_data();
     void everyCommandOpensTheDialog();
     void okPutsTheCatalogueIntoUse();
-    void removingTheCurrentQuantity();
 
 private:
     QStringList tabs() const;
@@ -156,19 +155,6 @@ void tst_OptionsFromMainWindow::okPutsTheCatalogueIntoUse()
         QVERIFY(!f.program->startup().firstRunHelp());
         QVERIFY(f.program->startup().session().TrayHintShown);
     }
-}
-
-void tst_OptionsFromMainWindow::removingTheCurrentQuantity()
-{
-    f.dialogs.answerQuestion(Dialogs::Yes);
-    QVERIFY(f.runOptions("mnufilesetopt", [&] {
-        f.select(f.node(u'p' + OptionsFixture::Widgets));
-        f.click("cmdRemovePhysQuan");
-        f.click("cmdOK");
-    }));
-    QVERIFY(!tabs().contains(OptionsFixture::Widgets));
-    QVERIFY(f.program->find<QuantityTabBar *>("tabMain")->currentIndex() >= 0);
-    QVERIFY(f.program->find<QListWidget *>("lstLeft")->count() > 0);
 }
 
 int main(int argc, char *argv[])
