@@ -180,7 +180,6 @@ void tst_frmSetOpt::thresholds()
 void tst_frmSetOpt::shellProgramChoice()
 {
     f.settings.UseWindowsCalc = -1;
-    f.settings.ShellProgram = QStringLiteral("/usr/bin/old");
     f.open();
     auto *choose = f.control<QPushButton>("cmdDialog");
     QVERIFY(!choose->isEnabled());
@@ -234,7 +233,6 @@ void tst_frmSetOpt::okSavesEverythingOnceAndRemembersThePage()
     QCOMPARE(tabs->currentIndex(), 1);
     f.select(f.node(f.widgetsUnit(3)));
     f.type("txtName", QStringLiteral("cog"));
-    QCOMPARE(f.node(f.widgetsUnit(3))->text(0), QStringLiteral("cog"));
     f.type("txtConvFactor", QStringLiteral("0.5"));
     f.click("chkExact");
     f.click("optOnOff_1");
@@ -390,8 +388,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     QCOMPARE(f.messages().size(), 3);
     const auto inputs = f.asked(ScriptedDialogs::Input);
     QCOMPARE(inputs.size(), 19);
-    QVERIFY(inputs.at(15).prompt.contains(QStringLiteral("Gizmos"))); // the unit's quantity
-    QVERIFY(inputs.at(16).prompt.contains("cog" + text(5231) + "gizmo")); // and its default
+    QVERIFY(inputs.at(16).prompt.contains("cog" + text(5231) + "gizmo")); // to its default unit
     QCOMPARE(inputs.at(16).defaultText, QStringLiteral("1"));
     QCOMPARE(quantity->childCount(), 3);
     QCOMPARE(f.currentKey(), key(3));
