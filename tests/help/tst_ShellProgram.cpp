@@ -72,7 +72,6 @@ void tst_ShellProgram::onlyAProgramThatCannotStartIsReported_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<bool>("starts");
     QTest::newRow("a missing file") << m_dir.filePath(QStringLiteral("no/such/program")) << false;
-    QTest::newRow("a folder") << m_dir.path() << false;
     QTest::newRow("no program chosen") << QString() << false;
     QTest::newRow("a program") << QStandardPaths::findExecutable(QStringLiteral("true")) << true;
 }
