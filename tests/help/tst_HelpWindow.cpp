@@ -156,7 +156,9 @@ void tst_HelpWindow::contextOpensItsTopic()
     QFETCH(int, context);
     QFETCH(QString, phrase);
     m_help->showContext(context);
-    QVERIFY2(m_topic->toPlainText().contains(phrase), qPrintable(phrase));
+    const QString shown = m_topic->toPlainText().trimmed();
+    const bool topic = !HelpTopics::topicFile(context).isEmpty(); // else the page says only that
+    QVERIFY2(topic ? shown.contains(phrase) : shown == phrase, qPrintable(shown.left(80)));
 }
 
 void tst_HelpWindow::everyTopicIsListedAndItsLinksLeadSomewhere_data()
