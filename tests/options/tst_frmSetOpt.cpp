@@ -159,7 +159,7 @@ void tst_frmSetOpt::thresholds()
             QFocusEvent out(QEvent::FocusOut, reason);
             QApplication::sendEvent(box, &out);
         }
-        QCOMPARE(f.messages().size(), 0);
+        QCOMPARE(f.dialogs.notices().size(), 0);
         f.type(row.box, row.typed);
     } else {
         f.click("cmdOK");
@@ -169,7 +169,7 @@ void tst_frmSetOpt::thresholds()
     }
     QCOMPARE(box->text(), row.shown);
     const Notice expected { Notice::Exclamation, text(row.message), {} };
-    QCOMPARE(f.messages(), row.message ? QList<Notice> { expected } : QList<Notice>());
+    QCOMPARE(f.dialogs.notices(), row.message ? QList<Notice> { expected } : QList<Notice>());
     if (f.dialog()->isVisible())
         f.click("cmdOK");
     QCOMPARE(f.storedSetting(name), row.stored);
@@ -366,7 +366,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     f.answer({ QStringLiteral("Gizmos"), QStringLiteral("gizmo") });
     for (int i = 0; i < 6; ++i)
         f.click("cmdAddNewPhysQuan");
-    QCOMPARE(f.messages().size(), 1);
+    QCOMPARE(f.dialogs.notices().size(), 1);
     QTreeWidgetItem *quantity = f.node(QStringLiteral("pGizmos"));
     QVERIFY(quantity);
     QCOMPARE(quantity->childCount(), 1);
@@ -383,7 +383,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     f.answer({ "cog", "2.5", "sprocket", "0.35" });
     for (int i = 0; i < 6; ++i)
         f.click("cmdAddNewUnit");
-    QCOMPARE(f.messages().size(), 3);
+    QCOMPARE(f.dialogs.notices().size(), 3);
     const auto inputs = f.asked(ScriptedDialogs::Input);
     QCOMPARE(inputs.size(), 19);
     QVERIFY(inputs.at(16).prompt.contains("cog" + text(5231) + "gizmo")); // to its default unit
@@ -401,7 +401,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     const int asked = f.dialogs.asked().size();
     f.click("cmdAddNewUnit"); // refused before its name is asked for
     QCOMPARE(f.dialogs.asked().size(), asked + 1);
-    QCOMPARE(f.messages().last().text, text(5220));
+    QCOMPARE(f.dialogs.notices().last().text, text(5220));
 
     // Removing the second unit renumbers those behind it and makes room again.
     f.select(f.node(key(2)));
@@ -410,7 +410,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     f.click("cmdRemoveUnit");
     QCOMPARE(quantity->childCount(), 55);
     f.click("cmdRemoveUnit");
-    QCOMPARE(f.questions().last().text, text(5241) + "cog" + text(5242));
+    QCOMPARE(f.dialogs.notices().last().text, text(5241) + "cog" + text(5242));
     QCOMPARE(quantity->childCount(), 54);
     QVERIFY(f.node(key(54)) && !f.node(key(55)));
     QCOMPARE(f.node(key(2))->text(0), QStringLiteral("sprocket"));
@@ -419,7 +419,7 @@ void tst_frmSetOpt::addingAndRemovingWithTheirLimits()
     f.select(quantity);
     f.dialogs.answerQuestion(Dialogs::Yes);
     f.click("cmdRemovePhysQuan");
-    QCOMPARE(f.questions().last().text, text(5240) + "Gizmos" + text(5242));
+    QCOMPARE(f.dialogs.notices().last().text, text(5240) + "Gizmos" + text(5242));
     QVERIFY(!f.node(QStringLiteral("pGizmos")));
     QCOMPARE(f.currentKey(), QStringLiteral("root"));
 }
@@ -446,7 +446,7 @@ void tst_frmSetOpt::problemsKeepTheDialogOpen()
 
     f.click("cmdOK");
     QVERIFY(f.dialog()->isVisible());
-    QCOMPARE(f.messages().last().text, row.message);
+    QCOMPARE(f.dialogs.notices().last().text, row.message);
     // The entry at fault is shown, with the box to put right in focus.
     QCOMPARE(f.control<QTabWidget>("TabStrip")->currentIndex(), 1);
     QCOMPARE(f.currentKey(), key);

@@ -134,14 +134,6 @@ QList<ScriptedDialogs::Asked> OptionsFixture::asked(ScriptedDialogs::Kind kind) 
     return list;
 }
 
-QList<Notice> OptionsFixture::notices(ScriptedDialogs::Kind kind) const
-{
-    QList<Notice> list;
-    for (const auto &one : asked(kind))
-        list.append(one.notice);
-    return list;
-}
-
 QByteArray OptionsFixture::hiveBytes() const
 {
     QFile file(hive->path());
