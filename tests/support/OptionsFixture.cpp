@@ -129,18 +129,8 @@ void OptionsFixture::answer(const QStringList &inputs)
 
 QList<ScriptedDialogs::Asked> OptionsFixture::asked(ScriptedDialogs::Kind kind) const
 {
-    QList<ScriptedDialogs::Asked> list;
-    for (const auto &one : dialogs.asked())
-        if (one.kind == kind)
-            list.append(one);
-    return list;
-}
-
-QList<Notice> OptionsFixture::notices(ScriptedDialogs::Kind kind) const
-{
-    QList<Notice> list;
-    for (const auto &one : asked(kind))
-        list.append(one.notice);
+    QList<ScriptedDialogs::Asked> list = dialogs.asked();
+    list.removeIf([kind](const ScriptedDialogs::Asked &one) { return one.kind != kind; });
     return list;
 }
 

@@ -70,11 +70,8 @@ public:
 
     // The next input boxes are answered with these texts.
     void answer(const QStringList &inputs);
-    // What was asked of that kind, and the notices of the messages and of the questions.
+    // What was asked of that kind (the notices of messages and questions: dialogs.notices()).
     QList<ScriptedDialogs::Asked> asked(ScriptedDialogs::Kind kind) const;
-    QList<Notice> notices(ScriptedDialogs::Kind kind) const;
-    QList<Notice> messages() const { return notices(ScriptedDialogs::Message); }
-    QList<Notice> questions() const { return notices(ScriptedDialogs::Question); }
 
     QByteArray hiveBytes() const;
     // How often the hive was saved since the dialog opened.
