@@ -427,8 +427,6 @@ void CatalogueEditor::removeQuantity(int q)
     m_nodeKeys.remove(q);
     m_origins.remove(q);
     --m_work.QuantityCount;
-    if (m_work.CurrentQuantity > m_work.QuantityCount)
-        m_work.CurrentQuantity = 0;
     changed();
 }
 

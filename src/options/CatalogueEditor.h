@@ -86,7 +86,6 @@ public:
     // theirs get their first unit as default unit.
     CatalogueEditor(const Catalogue &live, Session &session);
 
-    const Catalogue &workingCopy() const { return m_work; }
     int quantityCount() const { return m_work.QuantityCount; }
     const PhysicalQuantity &quantity(int q) const { return m_work.Quantities[q]; }
     const UnitEntry &unit(int q, int j) const { return m_work.Units[q][j]; }
