@@ -45,7 +45,6 @@ private slots:
     void linesCountsScrollingAndClosing();
     void selectionDrivesTextAndMenus_data();
     void selectionDrivesTextAndMenus();
-    void chosenLines_data();
     void chosenLines();
     void deleteSelected_data();
     void deleteSelected();
@@ -162,71 +161,71 @@ void tst_frmConvRecords::selectionDrivesTextAndMenus()
     QVERIFY(!f->list()->selectionModel()->hasSelection());
 }
 
-void tst_frmConvRecords::chosenLines_data()
-{
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QList<int>>("rows"); // selected
-    QTest::addColumn<QList<int>>("chosen"); // the records that go out, numbered from 1
-    const QList<int> selected { 1, 2 }, selectedRecords { 2, 3 }, all { 1, 2, 3 };
-    QTest::newRow("Copy selected lines") << "mnuEditCopyItem" << selected << selectedRecords;
-    QTest::newRow("Copy all lines") << "mnuEditCopyAllItems" << QList<int> { 1 } << all;
-    QTest::newRow("Save selected lines")
-        << "mnuFileSaveCurrentRecord" << selected << selectedRecords;
-    QTest::newRow("Save all lines") << "mnuFileSaveAllRecords" << QList<int> { 1 } << all;
-    QTest::newRow("Print selected lines")
-        << "mnuFilePrintCurrentRecord" << selected << selectedRecords;
-    QTest::newRow("Print declined") << "mnuFilePrintAllRecords" << QList<int>() << QList<int> { 0 };
-}
-
+// The two lines selected of three, or all of them, copied, saved and printed. With no printer a
+// PDF file is offered: printing declined, the PDF declined, its file dialog cancelled, a folder
+// that is not there, and a PDF saved.
 void tst_frmConvRecords::chosenLines()
 {
-    QFETCH(QString, command);
-    QFETCH(QList<int>, rows);
-    QFETCH(QList<int>, chosen);
-    const bool print = command.contains("Print"), save = command.contains("Save");
-    const bool declined = chosen == QList<int> { 0 };
-    if (print && !pdfToTextAvailable())
-        QSKIP("pdftotext (poppler-utils) is not installed");
     f->addNumbered(3);
-    f->select(rows);
-    // The numbered lines, blanks made single.
-    QStringList lines;
-    Records records;
-    for (int i = 0; i < chosen.size() && !declined; ++i) {
-        records.append(numbered(chosen[i]));
-        lines.append(QString("%1. %2 metre (m) = %3 centimetre (cm)")
-                         .arg(i + 1)
-                         .arg(chosen[i])
-                         .arg(chosen[i] * 100));
-    }
-    const QString path = f->temp.filePath("chosen");
-    // No printer here: the report goes into a PDF file instead.
-    f->window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
-    if (print)
-        f->dialogs.answerQuestion(declined ? Dialogs::No : Dialogs::Yes);
-    if (print && !declined)
-        f->dialogs.answerQuestion(Dialogs::Yes); // a PDF file instead
-    if (save || (print && !declined))
-        f->dialogs.answerSaveFile(path);
-    QGuiApplication::clipboard()->setText("something else");
-    f->action(qPrintable(command))->trigger();
-
-    if (print) {
-        QCOMPARE(f->dialogs.asked()[0].notice.text.contains("selected"), !command.contains("All"));
-        QCOMPARE(pdfLines(path).mid(2), lines); // after the heading (tst_ReportPrinter's)
-    } else if (save) {
-        QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
-        const auto read = ConversionsReader::readFile(path);
-        QCOMPARE(read.records, records);
-        QCOMPARE(f->session.MarkedConversionsSaved, command.contains("All"));
-        QCOMPARE(f->panel("mainmessage"), "100% done");
-    } else {
-        // Each line comes after a line break; the blanks are the printed report's.
+    f->select({ 1, 2 });
+    // The numbered lines of these records, blanks made single.
+    const auto lines = [](const QList<int> &numbers) {
+        QStringList lines;
+        for (int i = 0; i < numbers.size(); ++i)
+            lines.append(QString("%1. %2 metre (m) = %3 centimetre (cm)")
+                             .arg(i + 1)
+                             .arg(numbers[i])
+                             .arg(numbers[i] * 100));
+        return lines;
+    };
+    // Each copied line comes after a line break; the blanks are the printed report's.
+    const auto copied = [] {
         QStringList copied = QGuiApplication::clipboard()->text().split(u'\n');
         for (QString &line : copied)
             line = line.simplified();
-        QCOMPARE(copied, QStringList { "" } + lines);
+        return copied;
+    };
+    f->action("mnuEditCopyItem")->trigger();
+    QCOMPARE(copied(), QStringList { "" } + lines({ 2, 3 }));
+    f->action("mnuEditCopyAllItems")->trigger();
+    QCOMPARE(copied(), QStringList { "" } + lines({ 1, 2, 3 }));
+
+    const QString path = f->temp.filePath("chosen");
+    f->dialogs.answerSaveFile(path);
+    f->action("mnuFileSaveCurrentRecord")->trigger();
+    QCOMPARE(ConversionsReader::readFile(path).records, (Records { numbered(2), numbered(3) }));
+    QVERIFY(!f->session.MarkedConversionsSaved);
+    f->dialogs.answerSaveFile(path);
+    f->action("mnuFileSaveAllRecords")->trigger();
+    QCOMPARE(ConversionsReader::readFile(path).records,
+        (Records { numbered(1), numbered(2), numbered(3) }));
+    QVERIFY(f->session.MarkedConversionsSaved);
+    QCOMPARE(f->dialogs.asked().size(), 2); // the file dialogs only, no message
+    QCOMPARE(f->panel("mainmessage"), "100% done");
+
+    if (!pdfToTextAvailable())
+        QSKIP("pdftotext (poppler-utils) is not installed");
+    f->window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
+    const QString gone = f->temp.filePath("gone/chosen.pdf"), pdf = f->temp.filePath("chosen.pdf");
+    f->dialogs.answerQuestion(Dialogs::No);
+    f->action("mnuFilePrintAllRecords")->trigger();
+    f->dialogs.answerQuestion(Dialogs::Yes);
+    f->dialogs.answerQuestion(Dialogs::No); // no PDF file
+    f->action("mnuFilePrintAllRecords")->trigger();
+    for (const QString &file : { QString(), gone, pdf }) {
+        f->dialogs.answerQuestion(Dialogs::Yes);
+        f->dialogs.answerQuestion(Dialogs::Yes);
+        f->dialogs.answerSaveFile(file);
+        if (file == gone)
+            f->dialogs.expectMessage();
+        f->action(file == pdf ? "mnuFilePrintCurrentRecord" : "mnuFilePrintAllRecords")->trigger();
     }
+    const QList<ScriptedDialogs::Asked> &asked = f->dialogs.asked();
+    QVERIFY(!asked[2].notice.text.contains("selected"));
+    QVERIFY(asked[asked.size() - 4].notice.text.startsWith(
+        "The report could not be saved to " + gone + ":\n"));
+    QVERIFY(asked[asked.size() - 3].notice.text.contains("selected"));
+    QCOMPARE(pdfLines(pdf).mid(2), lines({ 2, 3 })); // after the heading (tst_ReportPrinter's)
 }
 
 void tst_frmConvRecords::deleteSelected_data()
