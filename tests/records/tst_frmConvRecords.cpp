@@ -46,11 +46,9 @@ private slots:
     void selectionDrivesTextAndMenus_data();
     void selectionDrivesTextAndMenus();
     void chosenLines();
-    void deleteSelected_data();
     void deleteSelected();
     void makeCurrent_data();
     void makeCurrent();
-    void load_data();
     void load();
     void failedOrCancelledSave();
     void placement_data();
@@ -59,9 +57,9 @@ private slots:
 private:
     bool shown() { return f->window->show(), QTest::qWaitForWindowExposed(f->window.get()); }
     // Cancel is pressed as soon as a load or save shows its progress.
-    void cancelOnProgress()
+    QMetaObject::Connection cancelOnProgress()
     {
-        connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
+        return connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
             &frmConvRecords::cancelOperation);
     }
 
@@ -228,45 +226,34 @@ void tst_frmConvRecords::chosenLines()
     QCOMPARE(pdfLines(pdf).mid(2), lines({ 2, 3 })); // after the heading (tst_ReportPrinter's)
 }
 
-void tst_frmConvRecords::deleteSelected_data()
-{
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<Dialogs::Answer>("answer");
-    QTest::addColumn<QList<int>>("kept"); // the records left, in order
-    QTest::newRow("three of five")
-        << 5 << QList<int> { 0, 2, 4 } << Dialogs::Yes << QList<int> { 2, 4 };
-    QTest::newRow("a block in the middle")
-        << 5 << QList<int> { 1, 2, 3 } << Dialogs::Yes << QList<int> { 1, 5 };
-    QTest::newRow("answered No") << 5 << QList<int> { 0, 2 } << Dialogs::No
-                                 << QList<int> { 1, 2, 3, 4, 5 };
-    QList<int> odd, even;
-    for (int i = 1; i <= 400; ++i)
-        (i % 2 ? odd : even).append(i % 2 ? i : i - 1);
-    QTest::newRow("two hundred scattered lines") << 400 << even << Dialogs::Yes << odd;
-}
-
+// Deleting the selected lines of 400, after a question answered No and then Yes: two hundred
+// scattered lines, then the first line and a block in the middle.
 void tst_frmConvRecords::deleteSelected()
 {
-    QFETCH(int, lines);
-    QFETCH(QList<int>, selected);
-    QFETCH(Dialogs::Answer, answer);
-    QFETCH(QList<int>, kept);
-    f->addNumbered(lines);
-    f->select(selected);
-    f->dialogs.answerQuestion(answer);
-    f->action("mnuEditDelSelectedItem")->trigger();
-
-    QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Critical);
-    Records expected;
-    for (const int n : kept)
-        expected.append(numbered(n));
-    QCOMPARE(f->window->conversions(), expected);
-    const QString count = QString("%1 marked conversion(s) ").arg(kept.size());
-    QCOMPARE(f->panel("numconvs"), count);
-    QVERIFY2(
-        f->panel("mainmessage").endsWith(" out of " + count), qPrintable(f->panel("mainmessage")));
-    QCOMPARE(f->counts.last(), kept.size());
+    f->addNumbered(400);
+    Records kept;
+    for (int n = 1; n <= 400; ++n)
+        kept.append(numbered(n));
+    const auto remove = [&](const QList<int> &rows, Dialogs::Answer answer) {
+        f->select(rows);
+        f->dialogs.answerQuestion(answer);
+        f->action("mnuEditDelSelectedItem")->trigger();
+        QCOMPARE(f->dialogs.asked().last().notice.icon, Notice::Critical);
+        for (qsizetype i = rows.size() - 1; i >= 0 && answer == Dialogs::Yes; --i)
+            kept.removeAt(rows[i]);
+        QCOMPARE(f->window->conversions(), kept);
+        const QString count = QString("%1 marked conversion(s) ").arg(kept.size());
+        QCOMPARE(f->panel("numconvs"), count);
+        QVERIFY2(f->panel("mainmessage").endsWith(" out of " + count),
+            qPrintable(f->panel("mainmessage")));
+        QCOMPARE(f->counts.last(), kept.size());
+    };
+    QList<int> even;
+    for (int row = 0; row < 400; row += 2)
+        even.append(row);
+    remove(even, Dialogs::No);
+    remove(even, Dialogs::Yes);
+    remove({ 0, 99, 100, 101 }, Dialogs::Yes);
 }
 
 void tst_frmConvRecords::makeCurrent_data()
@@ -300,73 +287,62 @@ void tst_frmConvRecords::makeCurrent()
         QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Exclamation);
 }
 
-void tst_frmConvRecords::load_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // a null array: no file
-    QTest::addColumn<bool>("cancel"); // Cancel is pressed as soon as progress is shown
-    QTest::addColumn<Records>("added"); // when cancelled: some of these
-    QTest::addColumn<QString>("message");
-    const auto row = [](const char *name, const QByteArray &bytes, bool cancel,
-                         const Records &added, const QString &message = {}) {
-        QTest::newRow(name) << bytes << cancel << added << message;
-    };
-    const QByteArray first = Opening + "     1.     5  a  =  6  b  [q]\r\n";
-    // A file read in one step is done before anybody could cancel it.
-    row("damaged record keeps the ones before", first + "     2.     broken\r\n", true,
-        { conversion("5", "a", "6", "b", "q") });
-    row("file gone before it was read", QByteArray(), true, {});
-    row("foreign file", "Dear diary,\r\n", true, {},
-        "This file was not generated by Mensura. Only Mensura files can be opened");
-    // Read as the reader reads them (past record 999 the number runs into the value).
-    const QByteArray manyBytes
-        = ConversionsFile::encode(ConversionsFile::recordsText(Records(7000, numbered(1))));
-    const Records many = ConversionsReader::readBytes(manyBytes).records;
-    row("7000 records read in two steps", manyBytes, false, many);
-    row("cancelled, what was read before stays", manyBytes, true, many,
-        "Loading was cancelled. %1 conversion(s) read before that were added to the marked "
-        "conversions.");
-}
-
+// Loading adds what a file holds to the lines there; the main window hears of a new count only
+// when records came.
 void tst_frmConvRecords::load()
 {
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, cancel);
-    QFETCH(Records, added);
-    QFETCH(QString, message);
     f->window->AddConv("1", "x", "2", "y", "z");
     f->counts.clear();
     const QString status = f->panel("mainmessage");
-    if (cancel)
-        cancelOnProgress();
-    QFile file(f->temp.filePath("load.txt")); // not written: a file gone before it was read
-    QVERIFY(
-        bytes.isNull() || (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()));
-    file.close();
-    f->dialogs.answerOpenFile(file.fileName());
-    if (!message.isEmpty())
-        f->dialogs.expectMessage();
-    f->action("mnuFileLoadConversions")->trigger();
+    const QString path = f->temp.filePath("load.txt"); // not there at first: a file gone
+    const auto load = [&](const QByteArray &bytes, bool message = false) {
+        QFile file(path);
+        QVERIFY(bytes.isNull()
+            || (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()));
+        file.close();
+        f->dialogs.answerOpenFile(path);
+        if (message)
+            f->dialogs.expectMessage();
+        f->action("mnuFileLoadConversions")->trigger();
+    };
+    load(QByteArray());
+    load("Dear diary,\r\n", true);
+    QCOMPARE(f->dialogs.asked().size(), 3); // a message for the foreign file only
+    QCOMPARE(f->dialogs.asked()[2].notice.text,
+        "This file was not generated by Mensura. Only Mensura files can be opened");
+    QCOMPARE(f->dialogs.asked()[2].notice.icon, Notice::Exclamation);
+    QVERIFY(f->counts.isEmpty());
 
-    const Records read = f->window->conversions().mid(1);
-    if (message.contains("%1")) {
-        QVERIFY(read.size() > 0 && read.size() < added.size());
-        added = added.mid(0, read.size());
-        message = message.arg(read.size());
-    }
-    QCOMPARE(read, added);
-    // The main window hears of a new count only when records came.
-    QCOMPARE(f->counts.isEmpty(), added.isEmpty());
-    QCOMPARE(f->dialogs.asked().size(), message.isEmpty() ? 1 : 2);
-    if (!message.isEmpty()) {
-        QCOMPARE(f->dialogs.asked()[1].notice.text, message);
-        QCOMPARE(f->dialogs.asked()[1].notice.icon,
-            message.startsWith("Loading") ? Notice::Information : Notice::Exclamation);
-    } else {
-        // A load long enough to show its progress does not stop short of the end, nor does a
-        // count that changes later wipe that out; a short one leaves the status bar alone.
-        f->window->AddConv("1", "x", "2", "y", "z");
-        QCOMPARE(f->panel("mainmessage"), read.size() > 5000 ? "100% done" : status);
-    }
+    // Cancel is pressed as soon as progress shows. A file read in one step is done before that:
+    // its damaged record keeps the ones before it, and the status bar is left alone.
+    const QMetaObject::Connection cancel = cancelOnProgress();
+    load(Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     broken\r\n");
+    QCOMPARE(f->window->conversions().mid(1), Records { conversion("5", "a", "6", "b", "q") });
+    QCOMPARE(f->counts, QList<int> { 2 });
+    f->window->AddConv("1", "x", "2", "y", "z");
+    QCOMPARE(f->panel("mainmessage"), status);
+
+    // 7000 records, read in two steps as the reader reads them (past record 999 the number runs
+    // into the value): when cancelled, what was read before stays.
+    const QByteArray manyBytes
+        = ConversionsFile::encode(ConversionsFile::recordsText(Records(7000, numbered(1))));
+    const Records many = ConversionsReader::readBytes(manyBytes).records;
+    load(manyBytes, true);
+    const Records read = f->window->conversions().mid(3);
+    QVERIFY(read.size() > 0 && read.size() < many.size());
+    QCOMPARE(read, many.mid(0, read.size()));
+    QCOMPARE(f->dialogs.asked().last().notice.text,
+        QString("Loading was cancelled. %1 conversion(s) read before that were added to the "
+                "marked conversions.")
+            .arg(read.size()));
+    QCOMPARE(f->dialogs.asked().last().notice.icon, Notice::Information);
+    // Not cancelled, such a load does not stop short of the end, nor does a count that changes
+    // later wipe that out.
+    disconnect(cancel);
+    load(manyBytes);
+    QCOMPARE(f->window->conversions().mid(3 + read.size()), many);
+    f->window->AddConv("1", "x", "2", "y", "z");
+    QCOMPARE(f->panel("mainmessage"), "100% done");
 }
 
 // A save whose file dialog is cancelled does nothing; one cancelled on its progress says so in
