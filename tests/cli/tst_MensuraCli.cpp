@@ -15,7 +15,9 @@
 #include "shell/SettingsStore.h"
 
 #include <algorithm>
+#include <QDateTime>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
@@ -375,10 +377,8 @@ void tst_MensuraCli::quantitiesAreTheEnabledOnesInAlphabeticalOrder()
     QStringList names;
     for (const QString &line : lines)
         names.append(line.section(u'\t', 0, 0));
-    QStringList sorted = names;
-    std::sort(sorted.begin(), sorted.end(),
-        [](const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) < 0; });
-    QCOMPARE(names, sorted);
+    QVERIFY(std::is_sorted(names.begin(), names.end(),
+        [](const QString &a, const QString &b) { return a.compare(b, Qt::CaseInsensitive) < 0; }));
     QCOMPARE(names.size(), 43);
     QVERIFY(lines.contains(QStringLiteral("Reach\t3\thand-width\tcustom\ton")));
     const QStringList all = runCli({ "units", "--tsv", "--all", "--hive", m_hive })
@@ -389,7 +389,7 @@ void tst_MensuraCli::quantitiesAreTheEnabledOnesInAlphabeticalOrder()
 }
 
 // A settings file without "User" keys: reading them would create them in memory; nothing of
-// that may reach the file, nor a repair of its bad value.
+// that may reach the file, nor a repair of its bad value, and the file is never saved at all.
 void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
 {
     const QString hive = m_dir.filePath(QStringLiteral("untouched.reg"));
@@ -398,6 +398,7 @@ void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QByteArray before = file.readAll();
     file.close();
+    const QDateTime modified = QFileInfo(hive).lastModified();
 
     // Saved with -o, a report is the conversions file the desktop program writes (code page
     // 1252, CR LF) holding the lines printed. (How an existing file is kept whole on a failed
@@ -426,8 +427,10 @@ void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
     batch.closeWriteChannel();
     QVERIFY(batch.waitForFinished());
 
+    // Not even written again as it was.
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), before);
+    QCOMPARE(QFileInfo(hive).lastModified(), modified);
     QVERIFY(!QFile::exists(hive + QStringLiteral(".bad")));
 }
 

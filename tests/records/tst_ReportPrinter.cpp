@@ -2,8 +2,8 @@
 // SPDX-FileCopyrightText: 2026 The Mensura developers
 //
 // Printed reports: their lines, what a PDF of them reads back (every line in order, new pages
-// when needed, the heading larger than the rest), the offer of a PDF file on a computer without
-// a printer. All conversions of one value, as the main window shows them, are
+// when needed, the heading larger than the rest). The offer of a PDF file on a computer without a
+// printer is tst_frmConvRecords'; all conversions of one value, as the main window shows them,
 // tst_MarkedConversionsInMainWindow's; a message they raise, passed on once, tst_MensuraCli's.
 #include "records/PrintReport.h"
 #include "records/ReportPrinter.h"
@@ -18,16 +18,11 @@ class tst_ReportPrinter : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { dialogs.clear(); }
-    void cleanup() { QVERIFY2(dialogs.scriptDone(), "an expected dialog was not shown"); }
     void pdfHoldsEveryLine_data();
     void pdfHoldsEveryLine();
-    void noPrinterOffersPdf_data();
-    void noPrinterOffersPdf();
 
 private:
     QTemporaryDir temp;
-    ScriptedDialogs dialogs;
 };
 
 // The lines of a report, and what a PDF of them reads back.
@@ -104,40 +99,6 @@ void tst_ReportPrinter::pdfHoldsEveryLine()
         heights.insert(
             match.captured(3), match.captured(2).toDouble() - match.captured(1).toDouble());
     QVERIFY2(heights["generated"] > heights["unit"] * 1.1, "the heading is printed larger");
-}
-
-void tst_ReportPrinter::noPrinterOffersPdf_data()
-{
-    QTest::addColumn<Dialogs::Answer>("answer");
-    QTest::addColumn<QString>("fileName"); // "" for a cancelled file dialog
-    QTest::addColumn<int>("outcome");
-    QTest::newRow("saved as PDF") << Dialogs::Yes << "report.pdf" << int(ReportPrinter::SavedAsPdf);
-    QTest::newRow("declined") << Dialogs::No << "" << int(ReportPrinter::NotPrinted);
-    QTest::newRow("file dialog cancelled") << Dialogs::Yes << "" << int(ReportPrinter::NotPrinted);
-    QTest::newRow("folder gone") << Dialogs::Yes << "gone/report.pdf" << int(ReportPrinter::Failed);
-}
-
-void tst_ReportPrinter::noPrinterOffersPdf()
-{
-    QFETCH(Dialogs::Answer, answer);
-    QFETCH(QString, fileName);
-    QFETCH(int, outcome);
-    if (!pdfToTextAvailable())
-        QSKIP("pdftotext (poppler-utils) is not installed");
-    ReportPrinter printer(dialogs, nullptr);
-    printer.defaultPrinter = [] { return QPrinterInfo(); };
-    dialogs.answerQuestion(answer);
-    const QString path = fileName.isEmpty() ? QString() : temp.filePath(fileName);
-    if (answer == Dialogs::Yes)
-        dialogs.answerSaveFile(path);
-    if (outcome == ReportPrinter::Failed)
-        dialogs.expectMessage();
-
-    QCOMPARE(int(printer.print(PrintReport::markedReport({ numbered(12) }))), outcome);
-    QCOMPARE(pdfLines(path).size(), outcome == ReportPrinter::SavedAsPdf ? 3 : 0);
-    if (outcome == ReportPrinter::Failed)
-        QVERIFY(dialogs.asked()[2].notice.text.startsWith(
-            "The report could not be saved to " + path + ":\n"));
 }
 
 QTEST_MAIN(tst_ReportPrinter)

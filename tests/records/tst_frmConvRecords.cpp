@@ -45,13 +45,9 @@ private slots:
     void linesCountsScrollingAndClosing();
     void selectionDrivesTextAndMenus_data();
     void selectionDrivesTextAndMenus();
-    void chosenLines_data();
     void chosenLines();
-    void deleteSelected_data();
     void deleteSelected();
-    void makeCurrent_data();
     void makeCurrent();
-    void load_data();
     void load();
     void failedOrCancelledSave();
     void placement_data();
@@ -60,9 +56,9 @@ private slots:
 private:
     bool shown() { return f->window->show(), QTest::qWaitForWindowExposed(f->window.get()); }
     // Cancel is pressed as soon as a load or save shows its progress.
-    void cancelOnProgress()
+    QMetaObject::Connection cancelOnProgress()
     {
-        connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
+        return connect(f->window.get(), &frmConvRecords::progressed, f->window.get(),
             &frmConvRecords::cancelOperation);
     }
 
@@ -162,212 +158,185 @@ void tst_frmConvRecords::selectionDrivesTextAndMenus()
     QVERIFY(!f->list()->selectionModel()->hasSelection());
 }
 
-void tst_frmConvRecords::chosenLines_data()
-{
-    QTest::addColumn<QString>("command");
-    QTest::addColumn<QList<int>>("rows"); // selected
-    QTest::addColumn<QList<int>>("chosen"); // the records that go out, numbered from 1
-    const QList<int> selected { 1, 2 }, selectedRecords { 2, 3 }, all { 1, 2, 3 };
-    QTest::newRow("Copy selected lines") << "mnuEditCopyItem" << selected << selectedRecords;
-    QTest::newRow("Copy all lines") << "mnuEditCopyAllItems" << QList<int> { 1 } << all;
-    QTest::newRow("Save selected lines")
-        << "mnuFileSaveCurrentRecord" << selected << selectedRecords;
-    QTest::newRow("Save all lines") << "mnuFileSaveAllRecords" << QList<int> { 1 } << all;
-    QTest::newRow("Print selected lines")
-        << "mnuFilePrintCurrentRecord" << selected << selectedRecords;
-    QTest::newRow("Print declined") << "mnuFilePrintAllRecords" << QList<int>() << QList<int> { 0 };
-}
-
+// The two lines selected of three, or all of them, copied, saved and printed. With no printer a
+// PDF file is offered: printing declined, the PDF declined, its file dialog cancelled, a folder
+// that is not there, and a PDF saved.
 void tst_frmConvRecords::chosenLines()
 {
-    QFETCH(QString, command);
-    QFETCH(QList<int>, rows);
-    QFETCH(QList<int>, chosen);
-    const bool print = command.contains("Print"), save = command.contains("Save");
-    const bool declined = chosen == QList<int> { 0 };
-    if (print && !pdfToTextAvailable())
-        QSKIP("pdftotext (poppler-utils) is not installed");
     f->addNumbered(3);
-    f->select(rows);
-    // The numbered lines, blanks made single.
-    QStringList lines;
-    Records records;
-    for (int i = 0; i < chosen.size() && !declined; ++i) {
-        records.append(numbered(chosen[i]));
-        lines.append(QString("%1. %2 metre (m) = %3 centimetre (cm)")
-                         .arg(i + 1)
-                         .arg(chosen[i])
-                         .arg(chosen[i] * 100));
-    }
-    const QString path = f->temp.filePath("chosen");
-    // No printer here: the report goes into a PDF file instead.
-    f->window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
-    if (print)
-        f->dialogs.answerQuestion(declined ? Dialogs::No : Dialogs::Yes);
-    if (print && !declined)
-        f->dialogs.answerQuestion(Dialogs::Yes); // a PDF file instead
-    if (save || (print && !declined))
-        f->dialogs.answerSaveFile(path);
-    QGuiApplication::clipboard()->setText("something else");
-    f->action(qPrintable(command))->trigger();
-
-    if (print) {
-        QCOMPARE(f->dialogs.asked()[0].notice.text.contains("selected"), !command.contains("All"));
-        QCOMPARE(pdfLines(path).mid(2), lines); // after the heading (tst_ReportPrinter's)
-    } else if (save) {
-        QCOMPARE(f->dialogs.asked().size(), 1); // the file dialog only, no message
-        const auto read = ConversionsReader::readFile(path);
-        QCOMPARE(read.records, records);
-        QCOMPARE(f->session.MarkedConversionsSaved, command.contains("All"));
-        QCOMPARE(f->panel("mainmessage"), "100% done");
-    } else {
-        // Each line comes after a line break; the blanks are the printed report's.
+    f->select({ 1, 2 });
+    // The numbered lines of these records, blanks made single.
+    const auto lines = [](const QList<int> &numbers) {
+        QStringList lines;
+        for (int i = 0; i < numbers.size(); ++i)
+            lines.append(QString("%1. %2 metre (m) = %3 centimetre (cm)")
+                             .arg(i + 1)
+                             .arg(numbers[i])
+                             .arg(numbers[i] * 100));
+        return lines;
+    };
+    // Each copied line comes after a line break; the blanks are the printed report's.
+    const auto copied = [] {
         QStringList copied = QGuiApplication::clipboard()->text().split(u'\n');
         for (QString &line : copied)
             line = line.simplified();
-        QCOMPARE(copied, QStringList { "" } + lines);
+        return copied;
+    };
+    f->action("mnuEditCopyItem")->trigger();
+    QCOMPARE(copied(), QStringList { "" } + lines({ 2, 3 }));
+    f->action("mnuEditCopyAllItems")->trigger();
+    QCOMPARE(copied(), QStringList { "" } + lines({ 1, 2, 3 }));
+
+    const QString path = f->temp.filePath("chosen");
+    f->dialogs.answerSaveFile(path);
+    f->action("mnuFileSaveCurrentRecord")->trigger();
+    QCOMPARE(ConversionsReader::readFile(path).records, (Records { numbered(2), numbered(3) }));
+    QVERIFY(!f->session.MarkedConversionsSaved);
+    f->dialogs.answerSaveFile(path);
+    f->action("mnuFileSaveAllRecords")->trigger();
+    QCOMPARE(ConversionsReader::readFile(path).records,
+        (Records { numbered(1), numbered(2), numbered(3) }));
+    QVERIFY(f->session.MarkedConversionsSaved);
+    QCOMPARE(f->dialogs.asked().size(), 2); // the file dialogs only, no message
+    QCOMPARE(f->panel("mainmessage"), "100% done");
+
+    if (!pdfToTextAvailable())
+        QSKIP("pdftotext (poppler-utils) is not installed");
+    f->window->reportPrinter().defaultPrinter = [] { return QPrinterInfo(); };
+    const QString gone = f->temp.filePath("gone/chosen.pdf"), pdf = f->temp.filePath("chosen.pdf");
+    f->dialogs.answerQuestion(Dialogs::No);
+    f->action("mnuFilePrintAllRecords")->trigger();
+    f->dialogs.answerQuestion(Dialogs::Yes);
+    f->dialogs.answerQuestion(Dialogs::No); // no PDF file
+    f->action("mnuFilePrintAllRecords")->trigger();
+    for (const QString &file : { QString(), gone, pdf }) {
+        f->dialogs.answerQuestion(Dialogs::Yes);
+        f->dialogs.answerQuestion(Dialogs::Yes);
+        f->dialogs.answerSaveFile(file);
+        if (file == gone)
+            f->dialogs.expectMessage();
+        f->action(file == pdf ? "mnuFilePrintCurrentRecord" : "mnuFilePrintAllRecords")->trigger();
+    }
+    const QList<ScriptedDialogs::Asked> &asked = f->dialogs.asked();
+    QVERIFY(!asked[2].notice.text.contains("selected"));
+    QVERIFY(asked[asked.size() - 4].notice.text.startsWith(
+        "The report could not be saved to " + gone + ":\n"));
+    QVERIFY(asked[asked.size() - 3].notice.text.contains("selected"));
+    QCOMPARE(pdfLines(pdf).mid(2), lines({ 2, 3 })); // after the heading (tst_ReportPrinter's)
+}
+
+// Deleting the selected lines of 400, after a question answered No and then Yes: two hundred
+// scattered lines, then the first line and a block in the middle.
+void tst_frmConvRecords::deleteSelected()
+{
+    f->addNumbered(400);
+    Records kept;
+    for (int n = 1; n <= 400; ++n)
+        kept.append(numbered(n));
+    const auto remove = [&](const QList<int> &rows, Dialogs::Answer answer) {
+        f->select(rows);
+        f->dialogs.answerQuestion(answer);
+        f->action("mnuEditDelSelectedItem")->trigger();
+        QCOMPARE(f->dialogs.asked().last().notice.icon, Notice::Critical);
+        for (qsizetype i = rows.size() - 1; i >= 0 && answer == Dialogs::Yes; --i)
+            kept.removeAt(rows[i]);
+        QCOMPARE(f->window->conversions(), kept);
+        const QString count = QString("%1 marked conversion(s) ").arg(kept.size());
+        QCOMPARE(f->panel("numconvs"), count);
+        QVERIFY2(f->panel("mainmessage").endsWith(" out of " + count),
+            qPrintable(f->panel("mainmessage")));
+        QCOMPARE(f->counts.last(), kept.size());
+    };
+    QList<int> even;
+    for (int row = 0; row < 400; row += 2)
+        even.append(row);
+    remove(even, Dialogs::No);
+    remove(even, Dialogs::Yes);
+    remove({ 0, 99, 100, 101 }, Dialogs::Yes);
+}
+
+// The last of several selected lines made current: the main window is asked for its quantity,
+// value and units until one is missing (Length disabled, then its initial unit, then its target
+// unit), which a message reports.
+void tst_frmConvRecords::makeCurrent()
+{
+    f->addNumbered(3);
+    f->select({ 0, 2 });
+    const QStringList calls { "quantity Length", "value 3", "left metre (m)",
+        "right centimetre (cm)", "refresh" };
+    const QList<QPair<QStringList, int>> steps { { {}, 1 }, { { "centimetre (cm)" }, 3 },
+        { { "metre (m)" }, 4 }, { { "metre (m)", "centimetre (cm)" }, 5 } };
+    for (const auto &[units, made] : steps) {
+        if (!units.isEmpty())
+            f->units.insert("Length", units);
+        f->calls.clear();
+        f->session.SkipNextUpdate = false;
+        if (made < 5)
+            f->dialogs.expectMessage();
+        f->action("mnuFileMakeCurrentConv")->trigger();
+        QCOMPARE(f->calls, calls.mid(0, made));
+        QVERIFY(f->skipWasSet);
+        if (made < 5)
+            QCOMPARE(f->dialogs.asked().last().notice.icon, Notice::Exclamation);
     }
 }
 
-void tst_frmConvRecords::deleteSelected_data()
-{
-    QTest::addColumn<int>("lines");
-    QTest::addColumn<QList<int>>("selected");
-    QTest::addColumn<Dialogs::Answer>("answer");
-    QTest::addColumn<QList<int>>("kept"); // the records left, in order
-    QTest::newRow("three of five")
-        << 5 << QList<int> { 0, 2, 4 } << Dialogs::Yes << QList<int> { 2, 4 };
-    QTest::newRow("a block in the middle")
-        << 5 << QList<int> { 1, 2, 3 } << Dialogs::Yes << QList<int> { 1, 5 };
-    QTest::newRow("answered No") << 5 << QList<int> { 0, 2 } << Dialogs::No
-                                 << QList<int> { 1, 2, 3, 4, 5 };
-    QList<int> odd, even;
-    for (int i = 1; i <= 400; ++i)
-        (i % 2 ? odd : even).append(i % 2 ? i : i - 1);
-    QTest::newRow("two hundred scattered lines") << 400 << even << Dialogs::Yes << odd;
-}
-
-void tst_frmConvRecords::deleteSelected()
-{
-    QFETCH(int, lines);
-    QFETCH(QList<int>, selected);
-    QFETCH(Dialogs::Answer, answer);
-    QFETCH(QList<int>, kept);
-    f->addNumbered(lines);
-    f->select(selected);
-    f->dialogs.answerQuestion(answer);
-    f->action("mnuEditDelSelectedItem")->trigger();
-
-    QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Critical);
-    Records expected;
-    for (const int n : kept)
-        expected.append(numbered(n));
-    QCOMPARE(f->window->conversions(), expected);
-    const QString count = QString("%1 marked conversion(s) ").arg(kept.size());
-    QCOMPARE(f->panel("numconvs"), count);
-    QVERIFY2(
-        f->panel("mainmessage").endsWith(" out of " + count), qPrintable(f->panel("mainmessage")));
-    QCOMPARE(f->counts.last(), kept.size());
-}
-
-void tst_frmConvRecords::makeCurrent_data()
-{
-    QTest::addColumn<QStringList>("lengthUnits"); // none: Length is disabled
-    QTest::addColumn<QStringList>("calls");
-    const QStringList calls { "quantity Length", "value 3", "left metre (m)",
-        "right centimetre (cm)", "refresh" };
-    QTest::newRow("everything there") << QStringList { "metre (m)", "centimetre (cm)" } << calls;
-    QTest::newRow("quantity disabled") << QStringList() << calls.mid(0, 1);
-    QTest::newRow("initial unit disabled") << QStringList { "centimetre (cm)" } << calls.mid(0, 3);
-    QTest::newRow("target unit disabled") << QStringList { "metre (m)" } << calls.mid(0, 4);
-}
-
-void tst_frmConvRecords::makeCurrent()
-{
-    QFETCH(QStringList, lengthUnits);
-    QFETCH(QStringList, calls);
-    const bool fails = !calls.contains("refresh");
-    if (!lengthUnits.isEmpty())
-        f->units.insert("Length", lengthUnits);
-    f->addNumbered(3);
-    f->select({ 0, 2 }); // several selected: the last one is made current
-    if (fails)
-        f->dialogs.expectMessage();
-    f->action("mnuFileMakeCurrentConv")->trigger();
-    QCOMPARE(f->calls, calls);
-    QVERIFY(f->skipWasSet);
-    QCOMPARE(f->dialogs.asked().size(), fails ? 1 : 0);
-    if (fails)
-        QCOMPARE(f->dialogs.asked()[0].notice.icon, Notice::Exclamation);
-}
-
-void tst_frmConvRecords::load_data()
-{
-    QTest::addColumn<QByteArray>("bytes"); // a null array: no file
-    QTest::addColumn<bool>("cancel"); // Cancel is pressed as soon as progress is shown
-    QTest::addColumn<Records>("added"); // when cancelled: some of these
-    QTest::addColumn<QString>("message");
-    const auto row = [](const char *name, const QByteArray &bytes, bool cancel,
-                         const Records &added, const QString &message = {}) {
-        QTest::newRow(name) << bytes << cancel << added << message;
-    };
-    const QByteArray first = Opening + "     1.     5  a  =  6  b  [q]\r\n";
-    // A file read in one step is done before anybody could cancel it.
-    row("damaged record keeps the ones before", first + "     2.     broken\r\n", true,
-        { conversion("5", "a", "6", "b", "q") });
-    row("file gone before it was read", QByteArray(), true, {});
-    row("foreign file", "Dear diary,\r\n", true, {},
-        "This file was not generated by Mensura. Only Mensura files can be opened");
-    // Read as the reader reads them (past record 999 the number runs into the value).
-    const QByteArray manyBytes
-        = ConversionsFile::encode(ConversionsFile::recordsText(Records(7000, numbered(1))));
-    const Records many = ConversionsReader::readBytes(manyBytes).records;
-    row("7000 records read in two steps", manyBytes, false, many);
-    row("cancelled, what was read before stays", manyBytes, true, many,
-        "Loading was cancelled. %1 conversion(s) read before that were added to the marked "
-        "conversions.");
-}
-
+// Loading adds what a file holds to the lines there; the main window hears of a new count only
+// when records came.
 void tst_frmConvRecords::load()
 {
-    QFETCH(QByteArray, bytes);
-    QFETCH(bool, cancel);
-    QFETCH(Records, added);
-    QFETCH(QString, message);
     f->window->AddConv("1", "x", "2", "y", "z");
     f->counts.clear();
     const QString status = f->panel("mainmessage");
-    if (cancel)
-        cancelOnProgress();
-    QFile file(f->temp.filePath("load.txt")); // not written: a file gone before it was read
-    QVERIFY(
-        bytes.isNull() || (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()));
-    file.close();
-    f->dialogs.answerOpenFile(file.fileName());
-    if (!message.isEmpty())
-        f->dialogs.expectMessage();
-    f->action("mnuFileLoadConversions")->trigger();
+    const QString path = f->temp.filePath("load.txt"); // not there at first: a file gone
+    const auto load = [&](const QByteArray &bytes, bool message = false) {
+        QFile file(path);
+        QVERIFY(bytes.isNull()
+            || (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()));
+        file.close();
+        f->dialogs.answerOpenFile(path);
+        if (message)
+            f->dialogs.expectMessage();
+        f->action("mnuFileLoadConversions")->trigger();
+    };
+    load(QByteArray());
+    load("Dear diary,\r\n", true);
+    QCOMPARE(f->dialogs.asked().size(), 3); // a message for the foreign file only
+    QCOMPARE(f->dialogs.asked()[2].notice.text,
+        "This file was not generated by Mensura. Only Mensura files can be opened");
+    QCOMPARE(f->dialogs.asked()[2].notice.icon, Notice::Exclamation);
+    QVERIFY(f->counts.isEmpty());
 
-    const Records read = f->window->conversions().mid(1);
-    if (message.contains("%1")) {
-        QVERIFY(read.size() > 0 && read.size() < added.size());
-        added = added.mid(0, read.size());
-        message = message.arg(read.size());
-    }
-    QCOMPARE(read, added);
-    // The main window hears of a new count only when records came.
-    QCOMPARE(f->counts.isEmpty(), added.isEmpty());
-    QCOMPARE(f->dialogs.asked().size(), message.isEmpty() ? 1 : 2);
-    if (!message.isEmpty()) {
-        QCOMPARE(f->dialogs.asked()[1].notice.text, message);
-        QCOMPARE(f->dialogs.asked()[1].notice.icon,
-            message.startsWith("Loading") ? Notice::Information : Notice::Exclamation);
-    } else {
-        // A load long enough to show its progress does not stop short of the end, nor does a
-        // count that changes later wipe that out; a short one leaves the status bar alone.
-        f->window->AddConv("1", "x", "2", "y", "z");
-        QCOMPARE(f->panel("mainmessage"), read.size() > 5000 ? "100% done" : status);
-    }
+    // Cancel is pressed as soon as progress shows. A file read in one step is done before that:
+    // its damaged record keeps the ones before it, and the status bar is left alone.
+    const QMetaObject::Connection cancel = cancelOnProgress();
+    load(Opening + "     1.     5  a  =  6  b  [q]\r\n     2.     broken\r\n");
+    QCOMPARE(f->window->conversions().mid(1), Records { conversion("5", "a", "6", "b", "q") });
+    QCOMPARE(f->counts, QList<int> { 2 });
+    f->window->AddConv("1", "x", "2", "y", "z");
+    QCOMPARE(f->panel("mainmessage"), status);
+
+    // 7000 records, read in two steps as the reader reads them (past record 999 the number runs
+    // into the value): when cancelled, what was read before stays.
+    const QByteArray manyBytes
+        = ConversionsFile::encode(ConversionsFile::recordsText(Records(7000, numbered(1))));
+    const Records many = ConversionsReader::readBytes(manyBytes).records;
+    load(manyBytes, true);
+    const Records read = f->window->conversions().mid(3);
+    QVERIFY(read.size() > 0 && read.size() < many.size());
+    QCOMPARE(read, many.mid(0, read.size()));
+    QCOMPARE(f->dialogs.asked().last().notice.text,
+        QString("Loading was cancelled. %1 conversion(s) read before that were added to the "
+                "marked conversions.")
+            .arg(read.size()));
+    QCOMPARE(f->dialogs.asked().last().notice.icon, Notice::Information);
+    // Not cancelled, such a load does not stop short of the end, nor does a count that changes
+    // later wipe that out.
+    disconnect(cancel);
+    load(manyBytes);
+    QCOMPARE(f->window->conversions().mid(3 + read.size()), many);
+    f->window->AddConv("1", "x", "2", "y", "z");
+    QCOMPARE(f->panel("mainmessage"), "100% done");
 }
 
 // A save whose file dialog is cancelled does nothing; one cancelled on its progress says so in
