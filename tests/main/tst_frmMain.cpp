@@ -50,7 +50,6 @@ private slots:
     void quantityRemembersItsConversion();
     void keys_data();
     void keys();
-    void standardKeys_data();
     void standardKeys();
     void significantFigures_data();
     void significantFigures();
@@ -62,8 +61,7 @@ private slots:
     void markAddAllAndDelete();
     void doubleClickOnAPanelActsOnce();
     void overflowChangesNothingElse();
-    void helpLines();
-    void alwaysOnTop();
+    void helpLinesAndAlwaysOnTop();
 };
 
 void tst_frmMain::mainRoad()
@@ -304,65 +302,39 @@ void tst_frmMain::keys()
     }
 }
 
-void tst_frmMain::standardKeys_data()
-{
-    QTest::addColumn<QKeySequence>("keys");
-    QTest::addColumn<QString>("command");
-    QTest::newRow("Find opens the find dialog") << QKeySequence(QKeySequence::Find) << "find";
-    QTest::newRow("Open loads conversions") << QKeySequence(QKeySequence::Open) << "load";
-    QTest::newRow("Print prints all conversions of the value")
-        << QKeySequence(QKeySequence::Print) << "print";
-    QTest::newRow("Quit asks before leaving marked conversions")
-        << QKeySequence(QKeySequence::Quit) << "quit";
-    QTest::newRow("Help opens the main window's topic")
-        << QKeySequence(QKeySequence::HelpContents) << "help";
-}
-
-// The platform's keys for common commands do what their menu items do, with the menus closed.
+// The platform's keys for common commands do what their menu items do, with the menus closed
+// (Quit, which the offscreen platform lacks, is pressed by screen_reader_converts.py).
 void tst_frmMain::standardKeys()
 {
-    QFETCH(QKeySequence, keys);
-    QFETCH(QString, command);
-    if (keys.isEmpty())
-        QSKIP("this platform has no such key (the X11 check presses Ctrl+Q)");
     QVERIFY(start());
     showFeetInInches(QStringLiteral("12"));
-    if (command == u"quit")
-        action("mnurecordsadd")->trigger();
+    QLineEdit *edit = value()->lineEdit();
+    m_dialogs->answerOpenFile(QString());
+    QTest::keySequence(edit, QKeySequence::Open);
+    QVERIFY(m_dialogs->scriptDone());
+    m_dialogs->answerQuestion(Dialogs::No);
+    QTest::keySequence(edit, QKeySequence::Print);
+    QVERIFY(m_dialogs->scriptDone());
+    QVERIFY(m_dialogs->asked().constLast().notice.text.startsWith(text(286)));
+    QTest::keySequence(edit, QKeySequence::HelpContents);
+    const QTextBrowser *topic = nullptr;
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        if (window->objectName() == u"HelpWindow")
+            topic = window->findChild<QTextBrowser *>("txtTopic");
+    QVERIFY(topic && topic->isVisible());
+    QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
+    // The menu item itself opens the contents.
+    action("mnuhelphelp")->trigger();
+    QCOMPARE(topic->source(), HelpTopics::contentsUrl());
     bool found = false;
-    if (command == u"find") {
-        QTimer::singleShot(0, this, [&] {
-            auto *dialog = qobject_cast<frmFind *>(QApplication::activeModalWidget());
-            found = dialog && dialog->isVisible();
-            if (dialog)
-                dialog->close();
-        });
-    } else if (command == u"load") {
-        m_dialogs->answerOpenFile(QString());
-    } else if (command != u"help") {
-        m_dialogs->answerQuestion(Dialogs::No);
-    }
-    QTest::keySequence(value()->lineEdit(), keys);
-
-    if (command == u"find") {
-        QVERIFY(found);
-    } else if (command == u"help") {
-        const QTextBrowser *topic = nullptr;
-        for (const QWidget *window : QApplication::topLevelWidgets())
-            if (window->objectName() == u"HelpWindow")
-                topic = window->findChild<QTextBrowser *>("txtTopic");
-        QVERIFY(topic && topic->isVisible());
-        QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
-        // The menu item itself opens the contents.
-        action("mnuhelphelp")->trigger();
-        QCOMPARE(topic->source(), HelpTopics::contentsUrl());
-    } else {
-        QVERIFY(m_dialogs->scriptDone());
-        const QString asked = m_dialogs->asked().constLast().notice.text;
-        QVERIFY(command != u"print" || asked.startsWith(text(286)));
-        QVERIFY(command != u"quit" || asked == text(333));
-        QVERIFY(m_program->window()->isVisible());
-    }
+    QTimer::singleShot(0, this, [&] {
+        auto *dialog = qobject_cast<frmFind *>(QApplication::activeModalWidget());
+        found = dialog && dialog->isVisible();
+        if (dialog)
+            dialog->close();
+    });
+    QTest::keySequence(edit, QKeySequence::Find);
+    QVERIFY(found);
 }
 
 void tst_frmMain::significantFigures_data()
@@ -640,7 +612,8 @@ void tst_frmMain::overflowChangesNothingElse()
     QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
 }
 
-void tst_frmMain::helpLines()
+// The help lines of menu items in the status bar, and the Always on Top menu.
+void tst_frmMain::helpLinesAndAlwaysOnTop()
 {
     QVERIFY(start());
     showFeetInInches(QStringLiteral("12")); // the items are enabled: only those can be highlighted
@@ -663,18 +636,26 @@ void tst_frmMain::helpLines()
     QCOMPARE(bar->currentMessage(), text(258));
     onTop->close();
     QTRY_COMPARE(bar->currentMessage(), QString());
-}
 
-void tst_frmMain::alwaysOnTop()
-{
-    QVERIFY(start());
     frmMain *window = m_program->window();
     QVERIFY(action("mnualwaystoponoff_1")->isChecked());
     QVERIFY(!window->isTopmost());
     action("mnualwaystoponoff_0")->trigger();
     QVERIFY(!action("mnualwaystoponoff_1")->isChecked());
     QVERIFY(window->isTopmost());
-    QVERIFY(window->isVisible());
+    // A modal dialog must not open behind it: the window is not on top while one is open.
+    for (const char *command : { "mnufilesetopt", "mnuhelpabout" }) {
+        bool onTopMeanwhile = true;
+        QTimer::singleShot(0, this, [&] {
+            if (QWidget *dialog = QApplication::activeModalWidget()) {
+                onTopMeanwhile = window->isTopmost();
+                dialog->close();
+            }
+        });
+        action(command)->trigger();
+        QVERIFY2(!onTopMeanwhile, command);
+        QVERIFY(window->isTopmost());
+    }
     action("mnualwaystoponoff_1")->trigger();
     QVERIFY(!window->isTopmost());
     QVERIFY(window->isVisible());
