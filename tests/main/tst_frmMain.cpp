@@ -41,7 +41,6 @@ private slots:
     void cleanup() { tearDown(); }
 
     void mainRoad();
-    void resultFollowsEveryKindOfChange_data();
     void resultFollowsEveryKindOfChange();
     void readingNote_data();
     void readingNote();
@@ -98,40 +97,27 @@ void tst_frmMain::mainRoad()
     QVERIFY(!m_program->find<FiguresIndicator *>("Shape1")->isOn());
 }
 
-void tst_frmMain::resultFollowsEveryKindOfChange_data()
-{
-    QTest::addColumn<QString>("how");
-    QTest::addColumn<QString>("expected");
-    const char *rows[][3] = {
-        { "a value picked from the history by keyboard", "history", "72.00000" },
-        { "a target unit selected without moving the current row", "selection", "0.3048000" },
-        { "the first row of either list chosen by another window", "control", "1.000000" },
-    };
-    addTextRows(rows);
-}
-
+// The result follows a value picked from the history by keyboard, units chosen by another window
+// (the first row of either list) and a unit selected without moving the current row.
 void tst_frmMain::resultFollowsEveryKindOfChange()
 {
-    QFETCH(QString, how);
-    QFETCH(QString, expected);
     QVERIFY(start());
     showFeetInInches(QStringLiteral("6"));
     QTest::keyClick(value()->lineEdit(), Qt::Key_Return); // "6" into the history
     typeValue(QStringLiteral("1"));
     QCOMPARE(result()->text(), QStringLiteral("12.00000"));
-    if (how == u"history") {
-        QTest::keyClick(value()->lineEdit(), Qt::Key_Down);
-        QCOMPARE(value()->currentText(), QStringLiteral("6"));
-    } else if (how == u"selection") {
-        // What assistive technology does: the row is selected, the current row stays.
-        const QModelIndex metre = right()->model()->index(0, 0);
-        right()->selectionModel()->select(metre, QItemSelectionModel::ClearAndSelect);
-        QCOMPARE(right()->currentRow(), 2);
-    } else {
-        QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("metre")));
-        QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("metre")));
-    }
-    QCOMPARE(result()->text(), expected);
+    QTest::keyClick(value()->lineEdit(), Qt::Key_Down);
+    QCOMPARE(value()->currentText(), QStringLiteral("6"));
+    QCOMPARE(result()->text(), QStringLiteral("72.00000"));
+    QVERIFY(m_program->window()->selectRightUnit(QStringLiteral("metre")));
+    QCOMPARE(result()->text(), QStringLiteral("1.828800"));
+    QVERIFY(m_program->window()->selectLeftUnit(QStringLiteral("metre")));
+    QCOMPARE(result()->text(), QStringLiteral("6.000000"));
+    // What assistive technology does: the row is selected, the current row stays.
+    const QModelIndex inch = right()->model()->index(2, 0);
+    right()->selectionModel()->select(inch, QItemSelectionModel::ClearAndSelect);
+    QCOMPARE(right()->currentRow(), 0);
+    QCOMPARE(result()->text(), QStringLiteral("236.2205"));
 }
 
 void tst_frmMain::readingNote_data()
