@@ -56,10 +56,8 @@ private slots:
     void clipboard();
     void conversionAfterACommand_data();
     void conversionAfterACommand();
-    void menusApplyTheirRulesWhenTheyOpen();
-    void markAddAllAndDelete();
-    void doubleClickOnAPanelActsOnce();
-    void overflowChangesNothingElse();
+    void menuRulesAndOverflow();
+    void markAddAllDeleteAndDoubleClick();
     void helpLinesAndAlwaysOnTop();
 };
 
@@ -444,8 +442,9 @@ void tst_frmMain::clipboard()
         QCOMPARE(QGuiApplication::clipboard()->text(), copied);
 }
 
-// The rules themselves are MenuRules's; here: each menu applies its rule as it opens.
-void tst_frmMain::menusApplyTheirRulesWhenTheyOpen()
+// The rules themselves are MenuRules's; here: each menu applies its rule as it opens. Then a
+// value too big to convert changes nothing else.
+void tst_frmMain::menuRulesAndOverflow()
 {
     QVERIFY(start());
     showFeetInInches(QStringLiteral("12"));
@@ -471,9 +470,28 @@ void tst_frmMain::menusApplyTheirRulesWhenTheyOpen()
     typeValue(QStringLiteral("3"));
     QVERIFY(action("mnuFilePrintAllConvForItem")->isEnabled());
     QVERIFY(action("mnuFileSaveAllConvForItem")->isEnabled());
+
+    clickUnit(right(), QStringLiteral("inch"));
+    const QStringList history = m_program->window()->valueHistory();
+    m_dialogs->expectMessage();
+    m_program->window()->setValueText(QStringLiteral("1e999"));
+    const Notice overflow { Notice::Exclamation, text(28) + QStringLiteral("\n\n") + text(321),
+        {} };
+    QCOMPARE(m_dialogs->notices(), QList { overflow });
+    QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
+    QCOMPARE(result()->text(), QString());
+    QCOMPARE(selected(left()), QStringLiteral("foot"));
+    QCOMPARE(selected(right()), QStringLiteral("inch"));
+    QCOMPARE(m_program->window()->valueHistory(), history);
+    // Put back on coming back to the quantity, the value is converted, and refused, once.
+    clickTab(Masses);
+    typeValue(QStringLiteral("2"));
+    m_dialogs->expectMessage();
+    clickTab(Lengths);
+    QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
 }
 
-void tst_frmMain::markAddAllAndDelete()
+void tst_frmMain::markAddAllDeleteAndDoubleClick()
 {
     QVERIFY(start());
     const auto commandsEnabled = [this](bool enabled) {
@@ -512,21 +530,14 @@ void tst_frmMain::markAddAllAndDelete()
     QVERIFY(m_program->window()->markedConversions().isEmpty());
     QCOMPARE(panel(1)->text(), text(400) + QStringLiteral("0"));
     QVERIFY(commandsEnabled(false));
-    // The conversion shown can be marked again at once.
+    // The conversion shown can be marked again at once. Through the window system, which makes
+    // press, release, press, double-click, release: a double-click on Mark marks once, one on Sci
+    // turns scientific notation on and leaves it on.
     QVERIFY(action("mnurecordsadd")->isEnabled());
-}
-
-// Through the window system, which makes press, release, press, double-click, release: a
-// double-click on Mark marks once, one on Sci turns scientific notation on and leaves it on.
-void tst_frmMain::doubleClickOnAPanelActsOnce()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
     frmMain *window = m_program->window();
     for (const int n : { 2, 4 })
         QTest::mouseDClick(window->windowHandle(), Qt::LeftButton, {},
             panel(n)->mapTo(window, panel(n)->rect().center()));
-    const frmMain::MarkedLine marked { "12", "foot", "144.0000", "inch", Lengths };
     QCOMPARE(window->markedConversions(), QList { marked });
     QCOMPARE(result()->text(), QStringLiteral("1.440000E+2"));
     QVERIFY(panel(4)->isPanelEnabled());
@@ -573,29 +584,6 @@ void tst_frmMain::conversionAfterACommand()
     QCOMPARE(selected(left()) + u' ' + selected(right()), units);
     QCOMPARE(value()->currentText(), QStringLiteral("12"));
     QCOMPARE(result()->text(), shown);
-}
-
-void tst_frmMain::overflowChangesNothingElse()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
-    QTest::keyClick(value()->lineEdit(), Qt::Key_Return);
-    m_dialogs->expectMessage();
-    m_program->window()->setValueText(QStringLiteral("1e999"));
-    const Notice overflow { Notice::Exclamation, text(28) + QStringLiteral("\n\n") + text(321),
-        {} };
-    QCOMPARE(m_dialogs->notices(), QList { overflow });
-    QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
-    QCOMPARE(result()->text(), QString());
-    QCOMPARE(selected(left()), QStringLiteral("foot"));
-    QCOMPARE(selected(right()), QStringLiteral("inch"));
-    QCOMPARE(m_program->window()->valueHistory(), QStringList { QStringLiteral("12") });
-    // Put back on coming back to the quantity, the value is converted, and refused, once.
-    clickTab(Masses);
-    typeValue(QStringLiteral("2"));
-    m_dialogs->expectMessage();
-    clickTab(Lengths);
-    QCOMPARE(value()->currentText(), QStringLiteral("1e999"));
 }
 
 // The help lines of menu items in the status bar, and the Always on Top menu.
