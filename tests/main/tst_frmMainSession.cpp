@@ -33,7 +33,6 @@ private slots:
     void savedPlacementComesUpOnTheScreen_data();
     void savedPlacementComesUpOnTheScreen();
     void placementThatIsNoNumber();
-    void sizeAndPlaceLimits();
     void unwritableHiveAtExit();
 };
 
@@ -97,11 +96,22 @@ void tst_frmMainSession::sessionComesBack()
     QTest::mouseClick(m_program->find<QWidget *>("cmdIncreaseSigFigs"), Qt::LeftButton);
     const QString shown = result()->text();
     QCOMPARE(shown, QStringLiteral("1.4400000E+2"));
+    // The window is never smaller than 7100 x 7000 twips, and a move beyond the left or top edge
+    // of the screen is stopped a little inside it.
+    const qreal dpi = window->screen()->logicalDotsPerInchX();
+    const qreal dpiY = window->screen()->logicalDotsPerInchY();
+    window->resize(100, 100);
+    QCOMPARE(window->size(),
+        QSize(
+            WindowPlacement::twipsToPixels(7100, dpi), WindowPlacement::twipsToPixels(7000, dpiY)));
+    const QRect screen = window->screen()->availableGeometry();
+    window->move(screen.left() - 30, screen.top() + 50);
+    QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
+    window->move(screen.left() + 40, screen.top() - 5);
+    QCOMPARE(window->pos(), QPoint(screen.left() + 40, screen.top() + WindowPlacement::EdgeGap));
     window->move(70, 40);
     window->resize(660, 500);
     QVERIFY(m_program->close());
-
-    const qreal dpi = window->screen()->logicalDotsPerInchX();
     const auto twips = [dpi](int pixels) {
         return QString::number(WindowPlacement::pixelsToTwips(pixels, dpi));
     };
@@ -253,24 +263,6 @@ void tst_frmMainSession::placementThatIsNoNumber()
     QCOMPARE(m_program->window()->pos().x(),
         WindowPlacement::twipsToPixels(200, m_program->window()->screen()->logicalDotsPerInchX()));
     QVERIFY(!m_program->window()->isMaximized());
-}
-
-// The window is never smaller than 7100 x 7000 twips, and a move beyond the left or top edge of
-// the screen is stopped a little inside it.
-void tst_frmMainSession::sizeAndPlaceLimits()
-{
-    QVERIFY(start());
-    frmMain *window = m_program->window();
-    const QSize minimum(
-        WindowPlacement::twipsToPixels(7100, window->screen()->logicalDotsPerInchX()),
-        WindowPlacement::twipsToPixels(7000, window->screen()->logicalDotsPerInchY()));
-    window->resize(100, 100);
-    QCOMPARE(window->size(), minimum);
-    const QRect screen = window->screen()->availableGeometry();
-    window->move(screen.left() - 30, screen.top() + 50);
-    QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
-    window->move(screen.left() + 40, screen.top() - 5);
-    QCOMPARE(window->pos(), QPoint(screen.left() + 40, screen.top() + WindowPlacement::EdgeGap));
 }
 
 void tst_frmMainSession::unwritableHiveAtExit()
