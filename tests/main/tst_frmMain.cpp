@@ -46,7 +46,6 @@ private slots:
     void readingNote();
     void history_data();
     void history();
-    void quantityRemembersItsConversion();
     void keys_data();
     void keys();
     void standardKeys();
@@ -93,6 +92,38 @@ void tst_frmMain::mainRoad()
     QCOMPARE(panel(3)->text(),
         text(430) + QStringLiteral("5") + text(369) + QStringLiteral("7") + text(5602));
     QVERIFY(!m_program->find<FiguresIndicator *>("Shape1")->isOn());
+
+    // Each quantity remembers its conversion. Acceleration is the catalogue's first quantity,
+    // Zeta Mass its last: the memory is kept for both ends too.
+    const QString acceleration = text(500);
+    clickTab(Masses);
+    typeValue(QStringLiteral("0.5"));
+    clickUnit(left(), QStringLiteral("kilogram"));
+    clickUnit(right(), QStringLiteral("gram"));
+    QCOMPARE(result()->text(), QStringLiteral("500.0000"));
+    clickTab(acceleration);
+    QCOMPARE(selected(left()), QString());
+    QCOMPARE(result()->text(), text(368));
+    typeValue(QStringLiteral("0.25"));
+    clickUnit(left(), text(502));
+    clickUnit(right(), text(501).mid(1));
+    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
+
+    clickTab(Masses);
+    QCOMPARE(value()->currentText(), QStringLiteral("0.5"));
+    QCOMPARE(selected(left()), QStringLiteral("kilogram"));
+    QCOMPARE(selected(right()), QStringLiteral("gram"));
+    QCOMPARE(result()->text(), QStringLiteral("500.0000"));
+
+    QVERIFY(m_program->window()->selectQuantity(acceleration));
+    QCOMPARE(value()->currentText(), QStringLiteral("0.25"));
+    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
+    QVERIFY(!m_program->window()->selectQuantity(QStringLiteral("No Such Quantity")));
+    QVERIFY(!m_program->window()->selectRightUnit(QStringLiteral("furlong")));
+    // A value the program put back is followed by the user's own change at once.
+    QTest::keyClick(value()->lineEdit(), Qt::Key_End);
+    QTest::keyClick(value()->lineEdit(), Qt::Key_5);
+    QCOMPARE(result()->text(), QStringLiteral("7.772400E-2"));
 }
 
 // The result follows a value picked from the history by keyboard, units chosen by another window
@@ -198,42 +229,6 @@ void tst_frmMain::history()
     left()->setFocus();
     edit->setFocus();
     QTRY_COMPARE(edit->selectedText(), value()->currentText());
-}
-
-// Acceleration is the catalogue's first quantity, Zeta Mass its last: the memory is kept for
-// both ends too.
-void tst_frmMain::quantityRemembersItsConversion()
-{
-    const QString acceleration = text(500);
-    QVERIFY(start());
-    clickTab(Masses);
-    typeValue(QStringLiteral("0.5"));
-    clickUnit(left(), QStringLiteral("kilogram"));
-    clickUnit(right(), QStringLiteral("gram"));
-    QCOMPARE(result()->text(), QStringLiteral("500.0000"));
-    clickTab(acceleration);
-    QCOMPARE(selected(left()), QString());
-    QCOMPARE(result()->text(), text(368));
-    typeValue(QStringLiteral("0.25"));
-    clickUnit(left(), text(502));
-    clickUnit(right(), text(501).mid(1));
-    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
-
-    clickTab(Masses);
-    QCOMPARE(value()->currentText(), QStringLiteral("0.5"));
-    QCOMPARE(selected(left()), QStringLiteral("kilogram"));
-    QCOMPARE(selected(right()), QStringLiteral("gram"));
-    QCOMPARE(result()->text(), QStringLiteral("500.0000"));
-
-    QVERIFY(m_program->window()->selectQuantity(acceleration));
-    QCOMPARE(value()->currentText(), QStringLiteral("0.25"));
-    QCOMPARE(result()->text(), QStringLiteral("7.620000E-2"));
-    QVERIFY(!m_program->window()->selectQuantity(QStringLiteral("No Such Quantity")));
-    QVERIFY(!m_program->window()->selectRightUnit(QStringLiteral("furlong")));
-    // A value the program put back is followed by the user's own change at once.
-    QTest::keyClick(value()->lineEdit(), Qt::Key_End);
-    QTest::keyClick(value()->lineEdit(), Qt::Key_5);
-    QCOMPARE(result()->text(), QStringLiteral("7.772400E-2"));
 }
 
 void tst_frmMain::keys_data()
