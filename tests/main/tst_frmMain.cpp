@@ -47,7 +47,6 @@ private slots:
     void history();
     void keys_data();
     void keys();
-    void standardKeys();
     void significantFigures_data();
     void significantFigures();
     void clipboard_data();
@@ -56,7 +55,7 @@ private slots:
     void conversionAfterACommand();
     void menuRulesAndOverflow();
     void markAddAllDeleteAndDoubleClick();
-    void helpLinesAndAlwaysOnTop();
+    void keysHelpLinesAndAlwaysOnTop();
 };
 
 void tst_frmMain::mainRoad()
@@ -274,41 +273,6 @@ void tst_frmMain::keys()
         QCOMPARE(result()->text(), QStringLiteral("12.00000"));
         QVERIFY(left()->hasFocus());
     }
-}
-
-// The platform's keys for common commands do what their menu items do, with the menus closed
-// (Quit, which the offscreen platform lacks, is pressed by screen_reader_converts.py).
-void tst_frmMain::standardKeys()
-{
-    QVERIFY(start());
-    showFeetInInches(QStringLiteral("12"));
-    QLineEdit *edit = value()->lineEdit();
-    m_dialogs->answerOpenFile(QString());
-    QTest::keySequence(edit, QKeySequence::Open);
-    QVERIFY(m_dialogs->scriptDone());
-    m_dialogs->answerQuestion(Dialogs::No);
-    QTest::keySequence(edit, QKeySequence::Print);
-    QVERIFY(m_dialogs->scriptDone());
-    QVERIFY(m_dialogs->asked().constLast().notice.text.startsWith(text(286)));
-    QTest::keySequence(edit, QKeySequence::HelpContents);
-    const QTextBrowser *topic = nullptr;
-    for (const QWidget *window : QApplication::topLevelWidgets())
-        if (window->objectName() == u"HelpWindow")
-            topic = window->findChild<QTextBrowser *>("txtTopic");
-    QVERIFY(topic && topic->isVisible());
-    QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
-    // The menu item itself opens the contents.
-    action("mnuhelphelp")->trigger();
-    QCOMPARE(topic->source(), HelpTopics::contentsUrl());
-    bool found = false;
-    QTimer::singleShot(0, this, [&] {
-        auto *dialog = qobject_cast<frmFind *>(QApplication::activeModalWidget());
-        found = dialog && dialog->isVisible();
-        if (dialog)
-            dialog->close();
-    });
-    QTest::keySequence(edit, QKeySequence::Find);
-    QVERIFY(found);
 }
 
 void tst_frmMain::significantFigures_data()
@@ -576,11 +540,40 @@ void tst_frmMain::conversionAfterACommand()
     QCOMPARE(result()->text(), shown);
 }
 
-// The help lines of menu items in the status bar, and the Always on Top menu.
-void tst_frmMain::helpLinesAndAlwaysOnTop()
+// The platform's keys for common commands do what their menu items do, with the menus closed
+// (Quit, which the offscreen platform lacks, is pressed by screen_reader_converts.py); the help
+// lines of menu items in the status bar; the Always on Top menu.
+void tst_frmMain::keysHelpLinesAndAlwaysOnTop()
 {
     QVERIFY(start());
     showFeetInInches(QStringLiteral("12")); // the items are enabled: only those can be highlighted
+    QLineEdit *box = value()->lineEdit();
+    m_dialogs->answerOpenFile(QString());
+    QTest::keySequence(box, QKeySequence::Open);
+    QVERIFY(m_dialogs->scriptDone());
+    m_dialogs->answerQuestion(Dialogs::No);
+    QTest::keySequence(box, QKeySequence::Print);
+    QVERIFY(m_dialogs->scriptDone());
+    QVERIFY(m_dialogs->asked().constLast().notice.text.startsWith(text(286)));
+    QTest::keySequence(box, QKeySequence::HelpContents);
+    const QTextBrowser *topic = nullptr;
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        if (window->objectName() == u"HelpWindow")
+            topic = window->findChild<QTextBrowser *>("txtTopic");
+    QVERIFY(topic && topic->isVisible());
+    QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
+    // The menu item itself opens the contents.
+    action("mnuhelphelp")->trigger();
+    QCOMPARE(topic->source(), HelpTopics::contentsUrl());
+    bool found = false;
+    QTimer::singleShot(0, this, [&] {
+        auto *dialog = qobject_cast<frmFind *>(QApplication::activeModalWidget());
+        found = dialog && dialog->isVisible();
+        if (dialog)
+            dialog->close();
+    });
+    QTest::keySequence(box, QKeySequence::Find);
+    QVERIFY(found);
     auto *bar = m_program->find<QStatusBar *>("StatusBar");
     QMenu *edit = m_program->find<QMenu *>("mnuEdit");
     edit->popup(QPoint(0, 0));
