@@ -42,8 +42,7 @@ private Q_SLOTS:
     void cleanup() { m_about.reset(); }
     void clicksSwitchTheFaces_data();
     void clicksSwitchTheFaces();
-    void creditsAreFilledOnceWithTheFlagInFixedPitch();
-    void versionAndLinks();
+    void versionLinksAndCredits();
 
 private:
     QString face() const;
@@ -117,26 +116,11 @@ void tst_frmAbout::clicksSwitchTheFaces()
             !control<QLabel>(name)->isVisible() || !control<QLabel>(name)->pixmap().isNull(), name);
 }
 
-// Shown again, the credits are not filled again; they are read only, and the flag that ends them
-// is drawn in characters, which stay square only in a fixed-pitch font.
-void tst_frmAbout::creditsAreFilledOnceWithTheFlagInFixedPitch()
-{
-    for (int i = 0; i < 3; ++i)
-        press(QStringLiteral("Image1"));
-    auto *credits = control<QTextEdit>("txtCredits");
-    const QString text = credits->toPlainText();
-    QTest::keyClicks(credits, QStringLiteral("x"));
-    QCOMPARE(credits->toPlainText(), text);
-    QCOMPARE(text.count(StringTable::text(5412)), 1);
-    QVERIFY(text.endsWith(StringTable::text(5421)));
-    const QFont font = credits->document()->lastBlock().begin().fragment().charFormat().font();
-    QVERIFY2(QFontInfo(font).fixedPitch(), qPrintable(QFontInfo(font).family()));
-    QVERIFY(credits->document()->firstBlock().begin().fragment().charFormat().font() != font);
-}
-
 // The version line shows the version, and a double-click on it the easter-egg message; the
 // links open the home page and the issue tracker, where questions and problems reach the project.
-void tst_frmAbout::versionAndLinks()
+// Shown again, the credits are not filled again; they are read only, and the flag that ends them
+// is drawn in characters, which stay square only in a fixed-pitch font.
+void tst_frmAbout::versionLinksAndCredits()
 {
     auto *version = control<QLabel>("lblVersion");
     QVERIFY(version->text().contains(QStringLiteral(MENSURA_VERSION)));
@@ -155,6 +139,17 @@ void tst_frmAbout::versionAndLinks()
     QVERIFY(!control<QLabel>("lblHomePage")
                  ->geometry()
                  .intersects(control<QLabel>("lblemail")->geometry()));
+    for (int i = 0; i < 3; ++i)
+        press(QStringLiteral("Image1"));
+    auto *credits = control<QTextEdit>("txtCredits");
+    const QString text = credits->toPlainText();
+    QTest::keyClicks(credits, QStringLiteral("x"));
+    QCOMPARE(credits->toPlainText(), text);
+    QCOMPARE(text.count(StringTable::text(5412)), 1);
+    QVERIFY(text.endsWith(StringTable::text(5421)));
+    const QFont font = credits->document()->lastBlock().begin().fragment().charFormat().font();
+    QVERIFY2(QFontInfo(font).fixedPitch(), qPrintable(QFontInfo(font).family()));
+    QVERIFY(credits->document()->firstBlock().begin().fragment().charFormat().font() != font);
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmAbout)

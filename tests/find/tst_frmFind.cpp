@@ -24,12 +24,11 @@ private slots:
     void cleanup();
     void typing_data();
     void typing();
-    void clearedTextDisablesGoToWithALineStillSelected();
+    void clearedTextDisablesGoToThenHelpAndCancel();
     void clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded_data();
     void clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded();
     void goTo_data();
     void goTo();
-    void cancelAndHelp();
 
 private:
     void typeText(const QString &text);
@@ -122,7 +121,7 @@ void tst_frmFind::typing()
         || line.isEmpty());
 }
 
-void tst_frmFind::clearedTextDisablesGoToWithALineStillSelected()
+void tst_frmFind::clearedTextDisablesGoToThenHelpAndCancel()
 {
     typeText(QStringLiteral("foot"));
     QVERIFY(cmdGoTo->isEnabled());
@@ -131,6 +130,16 @@ void tst_frmFind::clearedTextDisablesGoToWithALineStillSelected()
     QVERIFY(!cmdGoTo->isEnabled());
     QTest::keyClick(lstFind, Qt::Key_Return); // Enter does nothing while Go to is disabled
     QVERIFY(m_find->isVisible());
+
+    QSignalSpy help(m_find.get(), &frmFind::helpRequested);
+    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdHelp")), Qt::LeftButton);
+    QCOMPARE(help.count(), 1);
+    QCOMPARE(HelpTopics::topicFile(help.first().first().toInt()), QStringLiteral("findunit.html"));
+    // Cancel leaves the main window as it was.
+    typeText(QStringLiteral("psi"));
+    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
+    QVERIFY(!m_find->isVisible());
+    QCOMPARE(currentQuantity(), Lengths);
 }
 
 void tst_frmFind::clickingALineTakesItsTextAndScrollsNoFurtherThanNeeded_data()
@@ -194,18 +203,6 @@ void tst_frmFind::goTo()
     QCOMPARE(m_program->window()->focusWidget(), value());
     // The change came from the program: the result is not taken for the user's conversion.
     QVERIFY(!action("mnurecordsadd")->isEnabled());
-}
-
-void tst_frmFind::cancelAndHelp()
-{
-    QSignalSpy help(m_find.get(), &frmFind::helpRequested);
-    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdHelp")), Qt::LeftButton);
-    QCOMPARE(help.count(), 1);
-    QCOMPARE(HelpTopics::topicFile(help.first().first().toInt()), QStringLiteral("findunit.html"));
-    typeText(QStringLiteral("psi"));
-    QTest::mouseClick(m_find->findChild<QPushButton *>(QStringLiteral("cmdOK")), Qt::LeftButton);
-    QVERIFY(!m_find->isVisible());
-    QCOMPARE(currentQuantity(), Lengths);
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmFind)

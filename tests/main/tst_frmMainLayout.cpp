@@ -21,7 +21,6 @@ private slots:
     void nothingOverlapsAtMinimumSize_data();
     void nothingOverlapsAtMinimumSize();
     void buttonRowsPageWhenTheWindowIsLow();
-    void panelsShowTheirIcons();
 
 private:
     void addWholeCatalogue();
@@ -117,7 +116,8 @@ void tst_frmMainLayout::nothingOverlapsAtMinimumSize()
         sidesShareTheWidth();
 }
 
-// When the window grows, the two sides share the width and the lists take the height.
+// When the window grows, the two sides share the width and the lists take the height, and the
+// status panels have room for their icons.
 void tst_frmMainLayout::sidesShareTheWidth()
 {
     frmMain *window = m_program->window();
@@ -132,6 +132,19 @@ void tst_frmMainLayout::sidesShareTheWidth()
     QVERIFY(qAbs(left->width() - right->width()) <= 1);
     QCOMPARE(left->height(), listHeight + 100);
     QCOMPARE(m_program->find<QWidget *>("txtLeft")->height(), valueHeight);
+    // The icons are coloured; the panel's frame and text are not.
+    for (const char *name : { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3" }) {
+        auto *panel = m_program->find<StatusPanel *>(name);
+        QVERIFY2(panel->showsIcon(), name);
+        const QImage image = panel->grab().toImage();
+        bool coloured = false;
+        for (int y = 0; y < image.height() && !coloured; ++y)
+            for (int x = 0; x < image.width() / 3 && !coloured; ++x) {
+                const QColor c = image.pixelColor(x, y);
+                coloured = qAbs(c.red() - c.blue()) > 60 || qAbs(c.red() - c.green()) > 60;
+            }
+        QVERIFY2(coloured, name);
+    }
 }
 
 void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
@@ -166,25 +179,6 @@ void tst_frmMainLayout::buttonRowsPageWhenTheWindowIsLow()
     QVERIFY(!down->isVisible());
     for (int i = 0; i < bar->count(); ++i)
         QVERIFY(!bar->quantityRect(i).isEmpty());
-}
-
-void tst_frmMainLayout::panelsShowTheirIcons()
-{
-    QVERIFY(start(false));
-    resize(QSize(900, 600));
-    for (const char *name : { "StatusBarPanel1", "StatusBarPanel2", "StatusBarPanel3" }) {
-        auto *panel = m_program->find<StatusPanel *>(name);
-        QVERIFY2(panel->showsIcon(), name);
-        // The icons are coloured; the panel's frame and text are not.
-        const QImage image = panel->grab().toImage();
-        bool coloured = false;
-        for (int y = 0; y < image.height() && !coloured; ++y)
-            for (int x = 0; x < image.width() / 3 && !coloured; ++x) {
-                const QColor c = image.pixelColor(x, y);
-                coloured = qAbs(c.red() - c.blue()) > 60 || qAbs(c.red() - c.green()) > 60;
-            }
-        QVERIFY2(coloured, name);
-    }
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmMainLayout)

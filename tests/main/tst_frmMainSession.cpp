@@ -27,14 +27,10 @@ private slots:
     void sessionComesBack();
     void windowStateCodes_data();
     void windowStateCodes();
-    void lastConversionNotKeptWhenNotWanted();
     void savedConversionThatNoLongerFits_data();
     void savedConversionThatNoLongerFits();
-    void savedPlacementComesUpOnTheScreen_data();
     void savedPlacementComesUpOnTheScreen();
-    void placementThatIsNoNumber();
-    void sizeAndPlaceLimits();
-    void unwritableHiveAtExit();
+    void placementThatIsNoNumberAndConversionNotKept();
 };
 
 void tst_frmMainSession::init()
@@ -97,11 +93,22 @@ void tst_frmMainSession::sessionComesBack()
     QTest::mouseClick(m_program->find<QWidget *>("cmdIncreaseSigFigs"), Qt::LeftButton);
     const QString shown = result()->text();
     QCOMPARE(shown, QStringLiteral("1.4400000E+2"));
+    // The window is never smaller than 7100 x 7000 twips, and a move beyond the left or top edge
+    // of the screen is stopped a little inside it.
+    const qreal dpi = window->screen()->logicalDotsPerInchX();
+    const qreal dpiY = window->screen()->logicalDotsPerInchY();
+    window->resize(100, 100);
+    QCOMPARE(window->size(),
+        QSize(
+            WindowPlacement::twipsToPixels(7100, dpi), WindowPlacement::twipsToPixels(7000, dpiY)));
+    const QRect screen = window->screen()->availableGeometry();
+    window->move(screen.left() - 30, screen.top() + 50);
+    QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
+    window->move(screen.left() + 40, screen.top() - 5);
+    QCOMPARE(window->pos(), QPoint(screen.left() + 40, screen.top() + WindowPlacement::EdgeGap));
     window->move(70, 40);
     window->resize(660, 500);
     QVERIFY(m_program->close());
-
-    const qreal dpi = window->screen()->logicalDotsPerInchX();
     const auto twips = [dpi](int pixels) {
         return QString::number(WindowPlacement::pixelsToTwips(pixels, dpi));
     };
@@ -122,6 +129,19 @@ void tst_frmMainSession::sessionComesBack()
     QCOMPARE(result()->text(), shown);
     QCOMPARE(window->pos(), QPoint(70, 40));
     QCOMPARE(window->size(), QSize(660, 500));
+
+    // The hive's folder is replaced by a plain file: no hive can be written there any more.
+    const QString folder = QFileInfo(m_hive->path()).absolutePath();
+    QFile::remove(m_hive->path());
+    QVERIFY(QDir(folder).removeRecursively());
+    QFile blocker(folder);
+    QVERIFY(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+
+    // The message's text: tst_Startup.
+    m_dialogs->expectMessage();
+    QVERIFY(m_program->close());
+    QFile::remove(folder);
 }
 
 void tst_frmMainSession::windowStateCodes_data()
@@ -149,18 +169,6 @@ void tst_frmMainSession::windowStateCodes()
     m_program = std::make_unique<TestProgram>(*m_hive, *m_dialogs);
     QVERIFY(m_program->start()); // a minimised window is never exposed
     QVERIFY(m_program->window()->windowState().testFlag(state));
-}
-
-void tst_frmMainSession::lastConversionNotKeptWhenNotWanted()
-{
-    m_hive->writeSetting(QStringLiteral("remember"), QStringLiteral("0"));
-    m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("99"));
-    QVERIFY(start());
-    QCOMPARE(value()->currentText(), QString());
-    showFeetInInches(QStringLiteral("12"));
-    QVERIFY(m_program->close());
-    QCOMPARE(m_hive->readSetting(QStringLiteral("currvalue")), QStringLiteral("99"));
-    QVERIFY(!m_hive->readSetting(QStringLiteral("currunit1")));
 }
 
 void tst_frmMainSession::savedConversionThatNoLongerFits_data()
@@ -201,45 +209,31 @@ void tst_frmMainSession::savedConversionThatNoLongerFits()
     QCOMPARE(result()->text(), StringTable::text(368));
 }
 
-void tst_frmMainSession::savedPlacementComesUpOnTheScreen_data()
-{
-    // In twips; the height is screensHigh times the screen's, or 7500 when that is 0.
-    QTest::addColumn<int>("left");
-    QTest::addColumn<int>("top");
-    QTest::addColumn<int>("screensHigh");
-    // Other placements: tst_WindowPlacement.
-    QTest::newRow("far off every screen") << -400000 << 900000 << 0;
-    QTest::newRow("twice as tall as the screen") << 300 << 300 << 2;
-}
-
-// The whole window lies on the screen, shrunk and moved as far as it must be.
+// A saved window twice as tall as the screen and far off every screen comes up wholly on the
+// screen, shrunk and moved as far as it must be (other placements: tst_WindowPlacement).
 void tst_frmMainSession::savedPlacementComesUpOnTheScreen()
 {
-    QFETCH(int, left);
-    QFETCH(int, top);
-    QFETCH(int, screensHigh);
     const QScreen *screen = QGuiApplication::primaryScreen();
     const QRect area = screen->availableGeometry();
     const int screenTwips
         = WindowPlacement::pixelsToTwips(area.height(), screen->logicalDotsPerInchY());
-    const auto write = [this](const char *name, int twips) {
-        m_hive->writeSetting(QString::fromLatin1(name), QString::number(twips));
-    };
-    write("left", left);
-    write("top", top);
-    write("width", 9000);
-    write("height", screensHigh ? screensHigh * screenTwips : 7500);
+    m_hive->writeSetting(QStringLiteral("left"), QStringLiteral("-400000"));
+    m_hive->writeSetting(QStringLiteral("top"), QStringLiteral("300"));
+    m_hive->writeSetting(QStringLiteral("width"), QStringLiteral("9000"));
+    m_hive->writeSetting(QStringLiteral("height"), QString::number(2 * screenTwips));
     QVERIFY(start());
     const QRect frame = m_program->window()->frameGeometry();
     QCOMPARE(frame.intersected(area), frame);
-    if (screensHigh)
-        QCOMPARE(frame.bottom(), area.bottom());
-    else
-        QCOMPARE(m_program->window()->size(), QSize(600, 500));
+    QCOMPARE(frame.bottom(), area.bottom());
+    QCOMPARE(m_program->window()->width(), 600);
 }
 
-void tst_frmMainSession::placementThatIsNoNumber()
+// A saved placement that is no number is reported and not used; a last conversion not to be
+// kept is neither shown nor saved.
+void tst_frmMainSession::placementThatIsNoNumberAndConversionNotKept()
 {
+    m_hive->writeSetting(QStringLiteral("remember"), QStringLiteral("0"));
+    m_hive->writeSetting(QStringLiteral("currvalue"), QStringLiteral("99"));
     m_hive->writeSetting(QStringLiteral("left"), QStringLiteral("far left"));
     m_hive->writeSetting(QStringLiteral("windowstate"), QStringLiteral("big"));
     m_dialogs->expectMessage();
@@ -253,42 +247,11 @@ void tst_frmMainSession::placementThatIsNoNumber()
     QCOMPARE(m_program->window()->pos().x(),
         WindowPlacement::twipsToPixels(200, m_program->window()->screen()->logicalDotsPerInchX()));
     QVERIFY(!m_program->window()->isMaximized());
-}
-
-// The window is never smaller than 7100 x 7000 twips, and a move beyond the left or top edge of
-// the screen is stopped a little inside it.
-void tst_frmMainSession::sizeAndPlaceLimits()
-{
-    QVERIFY(start());
-    frmMain *window = m_program->window();
-    const QSize minimum(
-        WindowPlacement::twipsToPixels(7100, window->screen()->logicalDotsPerInchX()),
-        WindowPlacement::twipsToPixels(7000, window->screen()->logicalDotsPerInchY()));
-    window->resize(100, 100);
-    QCOMPARE(window->size(), minimum);
-    const QRect screen = window->screen()->availableGeometry();
-    window->move(screen.left() - 30, screen.top() + 50);
-    QCOMPARE(window->pos(), QPoint(screen.left() + WindowPlacement::EdgeGap, screen.top() + 50));
-    window->move(screen.left() + 40, screen.top() - 5);
-    QCOMPARE(window->pos(), QPoint(screen.left() + 40, screen.top() + WindowPlacement::EdgeGap));
-}
-
-void tst_frmMainSession::unwritableHiveAtExit()
-{
-    QVERIFY(start());
+    QCOMPARE(value()->currentText(), QString());
     showFeetInInches(QStringLiteral("12"));
-    // The hive's folder is replaced by a plain file: no hive can be written there any more.
-    const QString folder = QFileInfo(m_hive->path()).absolutePath();
-    QFile::remove(m_hive->path());
-    QVERIFY(QDir(folder).removeRecursively());
-    QFile blocker(folder);
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-
-    // The message's text: tst_Startup.
-    m_dialogs->expectMessage();
     QVERIFY(m_program->close());
-    QFile::remove(folder);
+    QCOMPARE(m_hive->readSetting(QStringLiteral("currvalue")), QStringLiteral("99"));
+    QVERIFY(!m_hive->readSetting(QStringLiteral("currunit1")));
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmMainSession)
