@@ -559,9 +559,6 @@ void frmConvRecords::mnuFileLoadConversions_Click()
 
 frmConvRecords::LoadOutcome frmConvRecords::loadFile(const QString &path, QWidget *dialogParent)
 {
-    if (!dialogParent)
-        dialogParent
-            = isVisible() || !parentWidget() ? static_cast<QWidget *>(this) : parentWidget();
     LoadOutcome outcome;
     BusyPointer busy;
     ConversionsReader reader(path);

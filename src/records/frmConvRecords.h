@@ -62,9 +62,8 @@ public:
     // Empties the list (the main window's delete-all command, once the user agreed).
     void clearAll();
     // Reads a conversions file and adds its records: the load command of either window.
-    // Progress and the foreign-file message are shown over dialogParent (this window when
-    // null and shown, else its parent).
-    LoadOutcome loadFile(const QString &path, QWidget *dialogParent = nullptr);
+    // Progress and the foreign-file message are shown over dialogParent.
+    LoadOutcome loadFile(const QString &path, QWidget *dialogParent);
 
     // The window was activated and has not been closed since: it is hidden and shown together
     // with the main window.
