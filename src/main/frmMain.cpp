@@ -159,11 +159,12 @@ void frmMain::connectControls()
     connect(cmdIncreaseSigFigs, &QToolButton::clicked, this, &frmMain::cmdIncreaseSigFigs_Click);
     connect(cmdDecreaseSigFigs, &QToolButton::clicked, this, &frmMain::cmdDecreaseSigFigs_Click);
 
-    for (int i = 0; i < 4; ++i) {
-        connect(StatusBarPanel[i], &StatusPanel::clicked, this,
-            [this, i] { StatusBar_PanelClick(i + 1); });
-        connect(StatusBarPanel[i], &StatusPanel::doubleClicked, this,
-            [this, i] { StatusBar_PanelDblClick(i + 1); });
+    int number = 0; // the panels count from 1
+    for (StatusPanel *panel : StatusBarPanel) {
+        const int n = ++number;
+        connect(panel, &StatusPanel::clicked, this, [this, n] { StatusBar_PanelClick(n); });
+        connect(
+            panel, &StatusPanel::doubleClicked, this, [this, n] { StatusBar_PanelDblClick(n); });
     }
 
     const auto popUp = [this](QWidget *widget) {
