@@ -59,7 +59,6 @@ void tst_frmFind::init()
     lstFind = m_find->findChild<QListWidget *>(QStringLiteral("lstFind"));
     cmdGoTo = m_find->findChild<QPushButton *>(QStringLiteral("cmdGoTo"));
     StatusBar = m_find->findChild<QStatusBar *>(QStringLiteral("StatusBar"));
-    QVERIFY(txtFind && lstFind && cmdGoTo && StatusBar);
 }
 
 void tst_frmFind::cleanup()

@@ -16,7 +16,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRegularExpression>
-#include <QScopeGuard>
 #include <QScreen>
 #include <QTest>
 #include <QTextBlock>

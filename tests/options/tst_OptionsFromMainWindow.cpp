@@ -11,7 +11,6 @@
 #include "help/HelpTopics.h"
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
-#include "options/frmSetOpt.h"
 #include "support/GuiTestMain.h"
 #include "support/OptionsFixture.h"
 

@@ -3,7 +3,6 @@
 #include "support/OptionsFixture.h"
 
 #include "main/StatusPanel.h"
-#include "shell/HiveFile.h"
 
 #include <QAction>
 #include <QApplication>
