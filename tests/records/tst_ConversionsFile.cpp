@@ -164,7 +164,6 @@ void tst_ConversionsFile::read_data()
 
     row("two records", two, Finished, twoRead);
     row("LF line ends", QByteArray(two).replace("\r\n", "\n"), Finished, twoRead);
-    row("CR line ends", QByteArray(two).replace("\r\n", "\r"), Finished, twoRead);
     row("no line end after the last record", two.chopped(2), Finished, twoRead);
     row("header only", Opening, Finished);
     row("heading compared on its first ten characters", "Conversion: tables\r\n" + one, Finished,
@@ -183,6 +182,9 @@ void tst_ConversionsFile::read_data()
         QByteArray(Opening + one + "\r\n" + one).replace("\r", ""), BadRecord, oneRead, 6);
     row("so does it with CR line ends",
         QByteArray(Opening + one + "broken\r\n").replace("\r\n", "\r"), BadRecord, oneRead, 6);
+    row("a quoted record after CR line ends",
+        QByteArray(Opening + one + "\"2.     5  a,b  =  6  c  [q]\"\r\n").replace("\r\n", "\r"),
+        Finished, { oneRead[0], conversion("5", "a,b", "6", "c", "q") });
     row("nothing after the quantity's opening bracket", Opening + "     1.     1  a  =  2  b  [",
         BadRecord, {}, 5);
     row("empty quantity between the brackets", Opening + "     1.     1  a  =  2  b  []\r\n",
