@@ -105,8 +105,8 @@ void tst_UnitMatcher::typedNames()
     for (const UnitMatcher::Match &match : choice.candidates)
         names.append(describe(match.quantity, match.unit));
     QString got = verdict(choice.outcome, names);
-    const QVector<UnitMatcher::UnitRef> closest = m_matcher->closest(typed, q);
-    if (expected.contains(QStringLiteral(" → ")) && !closest.isEmpty())
+    const QVector<UnitMatcher::UnitRef> closest = m_matcher->closest(typed, q, 1);
+    if (expected.contains(QStringLiteral(" → ")) && closest.size() == 1)
         got += QStringLiteral(" → ") + describe(closest.first().quantity, closest.first().unit);
     QCOMPARE(got, expected);
 }
