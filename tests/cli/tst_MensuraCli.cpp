@@ -13,6 +13,7 @@
 #include "catalogue/StringTable.h"
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
+#include "support/TestFiles.h"
 
 #include <algorithm>
 #include <QDateTime>
@@ -113,10 +114,7 @@ void tst_MensuraCli::initTestCase()
 QString tst_MensuraCli::writeFile(const char *name, const QByteArray &bytes) const
 {
     const QString path = m_dir.filePath(QString::fromUtf8(name));
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        return QString();
-    return u'"' + path + u'"';
+    return putFile(path, bytes) ? u'"' + path + u'"' : QString();
 }
 
 // Standard output and standard error are compared whole, with a line break after the last
@@ -394,10 +392,8 @@ void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
 {
     const QString hive = m_dir.filePath(QStringLiteral("untouched.reg"));
     writeHive(hive, { "numericformatting", "4", "scientific", "maybe" }, false);
-    QFile file(hive);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    const QByteArray before = file.readAll();
-    file.close();
+    const QByteArray before = fileBytes(hive);
+    QVERIFY(before.startsWith("Windows Registry Editor"));
     const QDateTime modified = QFileInfo(hive).lastModified();
 
     // Saved with -o, a report is the conversions file the desktop program writes (code page
@@ -411,9 +407,7 @@ void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
         "\"scientific\"\n");
     const QString printed = runCli({ "report", "100", "Celsius (°C)", "--hive", hive }).out;
     QVERIFY(printed.contains(QStringLiteral("  =  373.2  kelvin (K)  [Temperature]\n")));
-    QFile report(path);
-    QVERIFY(report.open(QIODevice::ReadOnly));
-    QCOMPARE(report.readAll(), printed.toLatin1().replace("\n", "\r\n"));
+    QCOMPARE(fileBytes(path), printed.toLatin1().replace("\n", "\r\n"));
 
     // Named by MENSURA_HIVE, for a program that writes a line and waits for its answer, as
     // with a co-process: the answer comes before the input ends.
@@ -428,8 +422,7 @@ void tst_MensuraCli::reportAndBatchOnASettingsFileOnlyRead()
     QVERIFY(batch.waitForFinished());
 
     // Not even written again as it was.
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), before);
+    QCOMPARE(fileBytes(hive), before);
     QCOMPARE(QFileInfo(hive).lastModified(), modified);
     QVERIFY(!QFile::exists(hive + QStringLiteral(".bad")));
 }

@@ -11,23 +11,12 @@
 #include "shell/HiveFile.h"
 #include "shell/SettingsStore.h"
 #include "support/RecordsFixture.h"
+#include "support/TestFiles.h"
 
 #include <QBuffer>
 #include <QDir>
 #include <QFile>
 #include <unistd.h>
-
-static bool put(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size();
-}
-
-static QByteArray fileBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-}
 
 class tst_ConversionsFile : public QObject
 {
@@ -246,7 +235,7 @@ void tst_ConversionsFile::read()
     const QString path = temp.filePath("conversions.txt");
     QList<ConversionsReader::Result> results { ConversionsReader::readFile(path) };
     if (!bytes.isNull()) {
-        QVERIFY(put(path, bytes));
+        QVERIFY(putFile(path, bytes));
         results = { ConversionsReader::readFile(path), ConversionsReader::readBytes(bytes) };
     }
     for (const auto &result : results) {
@@ -327,7 +316,7 @@ void tst_ConversionsFile::saveLeavesTheOldFileUnlessWhole()
     QDir().mkdir(folder);
     const QString kept = folder + "/conversions.txt";
     const QByteArray old = how == "longer" ? QByteArray(100000, 'x') : "the user's own file\r\n";
-    QVERIFY(put(kept, old));
+    QVERIFY(putFile(kept, old));
     QString target = kept;
     if (how.startsWith("readonly")) {
         if (geteuid() == 0)

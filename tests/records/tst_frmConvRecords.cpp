@@ -13,9 +13,9 @@
 #include "shell/SettingsStore.h"
 #include "support/DataRows.h"
 #include "support/RecordsFixture.h"
+#include "support/TestFiles.h"
 
 #include <QClipboard>
-#include <QFile>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListView>
@@ -290,10 +290,7 @@ void tst_frmConvRecords::load()
     const QString status = f->panel("mainmessage");
     const QString path = f->temp.filePath("load.txt"); // not there at first: a file gone
     const auto load = [&](const QByteArray &bytes, bool message = false) {
-        QFile file(path);
-        QVERIFY(bytes.isNull()
-            || (file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size()));
-        file.close();
+        QVERIFY(bytes.isNull() || putFile(path, bytes));
         f->dialogs.answerOpenFile(path);
         if (message)
             f->dialogs.expectMessage();

@@ -8,6 +8,7 @@
 #include "shell/HiveFile.h"
 #include "shell/Settings.h"
 #include "shell/SettingsStore.h"
+#include "support/TestFiles.h"
 
 #include <QFile>
 #include <QStringEncoder>
@@ -40,17 +41,6 @@ private:
     std::unique_ptr<SettingsStore> open(bool readOnly = false) const
     {
         return std::make_unique<SettingsStore>(std::make_unique<HiveFile>(m_file, readOnly));
-    }
-    QByteArray fileBytes() const
-    {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-    void write(const QByteArray &bytes) const
-    {
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(bytes);
     }
 
     QTemporaryDir m_dir;
@@ -112,7 +102,7 @@ void tst_SettingsStore::keysKeepTheirOrderAndGoWithTheirChildren()
     QVERIFY(store->deleteKey("user"));
     QVERIFY(!store->deleteKey("User"));
     QVERIFY(store->subKeys("User\\NewQuans").isEmpty());
-    QVERIFY(!fileBytes().contains("smoot"));
+    QVERIFY(!fileBytes(m_file).contains("smoot"));
     QCOMPARE(open()->subKeys(""), QStringList({ "settings" }));
     QCOMPARE(open()->RegReadString("settings", "a", ""), QStringLiteral("1"));
     QVERIFY(!QFile::exists(m_file + ".bad")); // a whole file is no damaged one
@@ -141,7 +131,7 @@ void tst_SettingsStore::readsARegistryExport_data()
 void tst_SettingsStore::readsARegistryExport()
 {
     QFETCH(QByteArray, bytes);
-    write(bytes);
+    QVERIFY(putFile(m_file, bytes));
     const HiveFile hive(m_file);
     QVERIFY(!hive.damaged());
     const auto store = open();
@@ -191,14 +181,11 @@ void tst_SettingsStore::damagedFileIsKeptBeforeItIsOverwritten()
 {
     QFETCH(QByteArray, bytes);
     QFETCH(QString, kept);
-    write(bytes);
+    QVERIFY(putFile(m_file, bytes));
     HiveFile hive(m_file);
     QVERIFY(hive.damaged());
     QCOMPARE(hive.value(SettingsKey, "a").value_or("<absent>"), kept);
-    const auto backup = [this] {
-        QFile file(m_file + ".bad");
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("<none>");
-    };
+    const auto backup = [this] { return fileBytes(m_file + ".bad"); };
     QVERIFY(hive.setValue(SettingsKey, "c", "3") && hive.flush());
     QCOMPARE(backup(), bytes);
     // The next save keeps the original, and what was kept reads back whole: else every later
@@ -218,9 +205,9 @@ void tst_SettingsStore::savesAtOnceOrInBatches()
     // Reading creates the key, as the registry's own reading does.
     QCOMPARE(store->RegReadString("settings", "systray", "1"), QStringLiteral("1"));
     QVERIFY(store->close());
-    QVERIFY(fileBytes().contains("[HKEY_CURRENT_USER\\Software\\Mensura\\settings]"));
+    QVERIFY(fileBytes(m_file).contains("[HKEY_CURRENT_USER\\Software\\Mensura\\settings]"));
     store->RegWriteString("settings", "currunit1", "inch (in)");
-    QVERIFY(fileBytes().contains("\"currunit1\"=\"inch (in)\"")); // as plain text
+    QVERIFY(fileBytes(m_file).contains("\"currunit1\"=\"inch (in)\"")); // as plain text
     {
         SettingsStore::Batch outer(*store);
         store->RegWriteString("settings", "a", "1");
@@ -229,9 +216,9 @@ void tst_SettingsStore::savesAtOnceOrInBatches()
             store->RegWriteString("settings", "b", "2");
             store->deleteKey("settings\\old");
         }
-        QVERIFY(!fileBytes().contains("\"a\"")); // the inner batch does not save
+        QVERIFY(!fileBytes(m_file).contains("\"a\"")); // the inner batch does not save
     }
-    QVERIFY(fileBytes().contains("\"a\"=\"1\"\r\n\"b\"=\"2\""));
+    QVERIFY(fileBytes(m_file).contains("\"a\"=\"1\"\r\n\"b\"=\"2\""));
     QFile::remove(m_file);
     QVERIFY(store->close()); // nothing changed since the last save: no second write
     QVERIFY(!QFile::exists(m_file));

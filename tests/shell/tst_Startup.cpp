@@ -9,6 +9,7 @@
 #include "support/DataRows.h"
 #include "support/GuiTestMain.h"
 #include "support/ScriptedDialogs.h"
+#include "support/TestFiles.h"
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
 
@@ -61,11 +62,10 @@ void tst_Startup::startUp_data()
             "confirm", "1" },
         { "damaged hive",
             [](TestHive &hive) {
-                QFile file(hive.path());
-                QVERIFY(file.open(QIODevice::WriteOnly));
-                file.write("Windows Registry Editor Version 5.00\n\n"
-                           "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\n\"StartOnce\"=\"1\"\n"
-                           "this line makes no sense\n\"tabs\"=\"1\"\n");
+                QVERIFY(putFile(hive.path(),
+                    "Windows Registry Editor Version 5.00\n\n"
+                    "[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\n\"StartOnce\"=\"1\"\n"
+                    "this line makes no sense\n\"tabs\"=\"1\"\n"));
             },
             { "Length" }, { "is damaged and could not be read|registry.reg.bad" }, "tabs", "1" },
     });

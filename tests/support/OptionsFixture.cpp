@@ -6,7 +6,6 @@
 
 #include <QAction>
 #include <QApplication>
-#include <QFile>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
@@ -131,12 +130,6 @@ QList<ScriptedDialogs::Asked> OptionsFixture::asked(ScriptedDialogs::Kind kind) 
     QList<ScriptedDialogs::Asked> list = dialogs.asked();
     list.removeIf([kind](const ScriptedDialogs::Asked &one) { return one.kind != kind; });
     return list;
-}
-
-QByteArray OptionsFixture::hiveBytes() const
-{
-    QFile file(hive->path());
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 QString OptionsFixture::stored(const QString &subKey, const QString &name) const

@@ -15,6 +15,7 @@
 #include "shell/SettingsStore.h"
 #include "support/CountingHive.h"
 #include "support/ScriptedDialogs.h"
+#include "support/TestFiles.h"
 #include "support/TestHive.h"
 #include "support/TestProgram.h"
 
@@ -73,7 +74,7 @@ public:
     // What was asked of that kind (the notices of messages and questions: dialogs.notices()).
     QList<ScriptedDialogs::Asked> asked(ScriptedDialogs::Kind kind) const;
 
-    QByteArray hiveBytes() const;
+    QByteArray hiveBytes() const { return fileBytes(hive->path()); }
     // How often the hive was saved since the dialog opened.
     int saves() const { return m_counter->flushes; }
     // A value of the hive, as a later run reads it; "" when absent.
