@@ -17,13 +17,13 @@ start_x_server
 # quantities show as tabs when MENSURA_TABS is 1, else as buttons.
 printf 'Windows Registry Editor Version 5.00\r\n\r\n[HKEY_CURRENT_USER\\Software\\Mensura\\settings]\r\n"StartOnce"="1"\r\n"tabs"="%s"\r\n' \
     "${MENSURA_TABS:-0}" >"$work/hive.reg"
-export PROGRAM="$program" CLIENT="$client" HIVE="$work/hive.reg" MENSURA_INSTANCE="a11y-$$"
+export PROGRAM="$program" CLIENT="$client" HIVE="$work/hive.reg" MENSURA_INSTANCE="a11y-$$" LOG="$work/program.log"
 dbus-run-session -- bash -c '
     /usr/libexec/at-spi-bus-launcher --launch-immediately --a11y=1 2>/dev/null &
     bus=$!
-    QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$PROGRAM" --hive "$HIVE" 2>/dev/null &
+    QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1 "$PROGRAM" --hive "$HIVE" 2>"$LOG" &
     app=$!
     status=0
-    /usr/bin/python3 "$CLIENT" || status=$?
+    /usr/bin/python3 "$CLIENT" || { status=$?; echo "The program wrote:"; cat "$LOG"; }
     kill $app $bus 2>/dev/null
     exit $status' 2> >(grep -v "Failed to set fd limit" >&2)

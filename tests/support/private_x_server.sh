@@ -4,8 +4,10 @@
 start_x_server() {
     local display_file
     display_file=$(mktemp)
-    # Xvfb picks a free display number and writes it to descriptor 5.
-    Xvfb -displayfd 5 -screen 0 1280x1024x24 -nolisten tcp 5>"$display_file" 2>"$display_file.log" &
+    # Xvfb picks a free display number and writes it to descriptor 5. Without -noreset the server
+    # resets whenever its last client leaves, dropping any client connecting at that moment: a
+    # helper that opens the display briefly (the accessibility bus launcher does) would do that.
+    Xvfb -displayfd 5 -screen 0 1280x1024x24 -nolisten tcp -noreset 5>"$display_file" 2>"$display_file.log" &
     X_SERVER=$!
     for _ in $(seq 100); do
         [ -s "$display_file" ] && break
