@@ -55,25 +55,6 @@ void MainWindowHook::release()
         m_tray->hide();
 }
 
-void MainWindowHook::setTopmost(bool on)
-{
-    if (isTopmost() == on)
-        return;
-    // Changing a window flag hides the window; it comes back as it was.
-    const bool visible = m_window->isVisible();
-    const Qt::WindowStates state = m_window->windowState();
-    m_window->setWindowFlag(Qt::WindowStaysOnTopHint, on);
-    if (visible) {
-        m_window->setWindowState(state);
-        m_window->show();
-    }
-}
-
-bool MainWindowHook::isTopmost() const
-{
-    return m_window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
-}
-
 void MainWindowHook::fitFrameWhenFramed()
 {
     m_fitWhenFramed = true;

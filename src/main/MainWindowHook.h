@@ -5,8 +5,7 @@
 // tells it: it is never made smaller than 7100 x 7000 twips, never moved beyond the left or top
 // edge of its screen, and, when minimised with the tray option on and a notification area to go
 // to, it leaves the task bar for a tray icon (explaining so the first time ever) and comes back
-// from there. It also keeps the window on top of others when asked. The hook watches the window's
-// events; the window keeps its menus and texts.
+// from there. The hook watches the window's events; the window keeps its menus and texts.
 #pragma once
 
 #include <QObject>
@@ -33,9 +32,6 @@ public:
     void restoreFromTray();
     // Stops acting on the window (it is closing for good); the tray icon goes.
     void release();
-    // Always on top, or not: the window stays as it was otherwise.
-    void setTopmost(bool on);
-    bool isTopmost() const;
     // The window has just been shown at a saved placement: once the window manager has put its
     // frame around it, the whole frame is brought onto a screen, title bar included.
     void fitFrameWhenFramed();

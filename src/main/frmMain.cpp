@@ -21,6 +21,7 @@
 #include "main/QuantityTabBar.h"
 #include "main/StatusPanel.h"
 #include "main/ValueEdit.h"
+#include "main/WindowOnTop.h"
 #include "main/WindowPlacement.h"
 #include "options/frmSetOpt.h"
 #include "records/FileDialogTexts.h"
@@ -811,12 +812,12 @@ void frmMain::mnualwaystoponoff_Click(int item)
 
 void frmMain::setTopmost(bool on)
 {
-    m_hook->setTopmost(on);
+    WindowOnTop::set(this, on);
 }
 
 bool frmMain::isTopmost() const
 {
-    return m_hook->isTopmost();
+    return WindowOnTop::isSet(this);
 }
 
 // ---------------------------------------------------------------------------------------------
