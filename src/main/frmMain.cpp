@@ -812,6 +812,10 @@ void frmMain::mnualwaystoponoff_Click(int item)
 
 void frmMain::setTopmost(bool on)
 {
+    // The help goes first, so that the window re-shown last, this one, keeps the focus. It
+    // follows this window: were only this one on top, it would hide the help wherever they meet.
+    if (m_helpWindow)
+        WindowOnTop::set(m_helpWindow, on);
     WindowOnTop::set(this, on);
 }
 
@@ -966,8 +970,10 @@ void frmMain::mnuhelpabout_Click()
 
 QWidget *frmMain::showHelp(int context)
 {
-    if (!m_helpWindow)
+    if (!m_helpWindow) {
         m_helpWindow = new HelpWindow(this);
+        WindowOnTop::set(m_helpWindow, isTopmost());
+    }
     if (context == 0)
         m_helpWindow->showContents();
     else

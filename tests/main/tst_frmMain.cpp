@@ -556,6 +556,8 @@ void tst_frmMain::keysHelpLinesAndAlwaysOnTop()
     QTest::keySequence(box, QKeySequence::Print);
     QVERIFY(m_dialogs->scriptDone());
     QVERIFY(m_dialogs->asked().constLast().notice.text.startsWith(text(286)));
+    frmMain *window = m_program->window();
+    action("mnualwaystoponoff_0")->trigger();
     QTest::keySequence(box, QKeySequence::HelpContents);
     const QTextBrowser *topic = nullptr;
     for (const QWidget *window : QApplication::topLevelWidgets())
@@ -563,6 +565,10 @@ void tst_frmMain::keysHelpLinesAndAlwaysOnTop()
             topic = window->findChild<QTextBrowser *>("txtTopic");
     QVERIFY(topic && topic->isVisible());
     QCOMPARE(topic->source(), HelpTopics::topicUrl(HelpTopics::MainWindow));
+    // The help follows the window on top, or the window would hide it where they meet.
+    const QWidget *help = topic->window();
+    const auto helpOnTop = [help] { return help->windowFlags() & Qt::WindowStaysOnTopHint; };
+    QVERIFY(window->isTopmost() && helpOnTop());
     // The menu item itself opens the contents.
     action("mnuhelphelp")->trigger();
     QCOMPARE(topic->source(), HelpTopics::contentsUrl());
@@ -574,7 +580,7 @@ void tst_frmMain::keysHelpLinesAndAlwaysOnTop()
             dialog->close();
     });
     QTest::keySequence(box, QKeySequence::Find);
-    QVERIFY(found);
+    QVERIFY(found && !window->isTopmost() && !helpOnTop());
     auto *bar = m_program->find<QStatusBar *>("StatusBar");
     QMenu *edit = m_program->find<QMenu *>("mnuEdit");
     edit->popup(QPoint(0, 0));
@@ -595,28 +601,26 @@ void tst_frmMain::keysHelpLinesAndAlwaysOnTop()
     onTop->close();
     QTRY_COMPARE(bar->currentMessage(), QString());
 
-    frmMain *window = m_program->window();
     QVERIFY(action("mnualwaystoponoff_1")->isChecked());
-    QVERIFY(!window->isTopmost());
     action("mnualwaystoponoff_0")->trigger();
     QVERIFY(!action("mnualwaystoponoff_1")->isChecked());
-    QVERIFY(window->isTopmost());
-    // A modal dialog must not open behind it: the window is not on top while one is open.
+    QVERIFY(window->isTopmost() && helpOnTop());
+    // A modal dialog must not open behind them: neither is on top while one is open.
     for (const char *command : { "mnufilesetopt", "mnuhelpabout" }) {
         bool onTopMeanwhile = true;
         QTimer::singleShot(0, this, [&] {
             if (QWidget *dialog = QApplication::activeModalWidget()) {
-                onTopMeanwhile = window->isTopmost();
+                onTopMeanwhile = window->isTopmost() || helpOnTop();
                 dialog->close();
             }
         });
         action(command)->trigger();
         QVERIFY2(!onTopMeanwhile, command);
-        QVERIFY(window->isTopmost());
+        QVERIFY(window->isTopmost() && helpOnTop());
     }
     action("mnualwaystoponoff_1")->trigger();
-    QVERIFY(!window->isTopmost());
-    QVERIFY(window->isVisible());
+    QVERIFY(!window->isTopmost() && !helpOnTop());
+    QVERIFY(window->isVisible() && help->isVisible());
 }
 
 MENSURA_GUI_TEST_MAIN(tst_frmMain)
