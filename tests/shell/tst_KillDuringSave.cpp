@@ -6,6 +6,7 @@
 // after each kill every file must be exactly the last save of it that was put in place or the
 // one under way, byte for byte, and read back whole.
 #include "shell/SaveHelperFiles.h"
+#include "support/TestFiles.h"
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -120,9 +121,7 @@ void tst_KillDuringSave::filesAreOldOrNewNeverTorn()
                 QCOMPARE(done.committed, -1);
                 continue;
             }
-            QFile bytes(file.path);
-            QVERIFY(bytes.open(QIODevice::ReadOnly));
-            const QByteArray found = bytes.readAll();
+            const QByteArray found = fileBytes(file.path);
             // Most kills leave a file as it was; only a changed file needs reading.
             int generation = file.onDisk;
             if (found != file.expected) {
